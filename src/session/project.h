@@ -1,0 +1,25 @@
+// Project files (*.PQC) and the last session "PEQLASTSESSION2.PQC".
+#pragma once
+
+#include <string>
+
+#include "session/session.h"
+
+namespace peq {
+
+inline constexpr const char* kLastSessionFile = "PEQLASTSESSION2.PQC";
+
+// True when the upper-cased last 19 characters of fileName are "PEQLASTSESSION2.PQC".
+bool IsLastSessionName(const std::string& fileName);
+
+// Writes the session as a project. comment is the file comment (ignored, written empty, for a
+// last session). False with the system's error text in err when the file cannot be written; the
+// old file then stays as it was.
+bool ProjektSchreiben(const Session& s, const std::string& fileName, const std::string& comment,
+                      std::string& err);
+
+// Reads a project into the session. Returns ok; the boxes of the load go to sink. On ok true the
+// caller loads the substances (LoadSubstances) as the program does after a load.
+bool ProjektLesen(Session& s, const std::string& fileName, MsgSink* sink);
+
+}  // namespace peq

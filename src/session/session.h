@@ -1,0 +1,163 @@
+// The session record: everything the engine, the diagrams and the windows work on for the one
+// open mixture. Component arrays run 0..NKomp with slot 0 unused; pair matrices are 0..NKomp
+// in both indices. The widths are part of the numbers: pure-component data are 32-bit reals,
+// model results 64-bit.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+#include "session/arrays.h"
+#include "session/message.h"
+
+namespace peq {
+
+// Fixed text fields of a substance record (UTF-8 here, code page 1252 in the file), blank padded
+// to their width in characters.
+struct StoffRecord {
+  std::string Formel;       // 12, molecular formula
+  std::string Name;         // 40, name cut before a ";"
+  std::string CasNr;        // 12, CAS registry number
+  std::string ModUnifInkr;  // 41, Mod. UNIFAC increments
+  std::string OUnifInkr;    // 41, UNIFAC increments
+  float TSiedeDb = 0;       // normal boiling T from the database, K
+  float TSchmelz = 0;       // melting T, K
+  float VWilsonDb = 0;      // WILSON volume parameter, cm^3/mol
+  float RUniquac = 0;
+  float QUniquac = 0;
+};
+
+// Antoine "lg(p/kPa) = A - B/(C + t/°C)", low- and high-pressure sets.
+struct ParAntoine {
+  float A = 0, B = 0, C = 0;
+  int16_t TLo = 0, THi = 0;
+};
+
+// AUGUST "ln(p/kPa) = A + B/T", computed from the boiling and critical points.
+struct ParAugust {
+  float A = 0, B = 0, Spare = 0;
+  int16_t TLo = 0, THi = 0;
+};
+
+// A parameter set of N f32 slots with its T limits (FROST 10, WAGNER 11, density 9, delta(LV)h 9).
+template <int N>
+struct ParSlots {
+  std::array<float, N> s{};
+  int16_t TLo = 0, THi = 0;
+  float& operator[](int k) { return s[static_cast<std::size_t>(k)]; }
+  float operator[](int k) const { return s[static_cast<std::size_t>(k)]; }
+};
+using ParFrost = ParSlots<10>;
+using ParWagner = ParSlots<11>;
+using ParDensity = ParSlots<9>;
+using ParEnthalpy = ParSlots<9>;
+
+struct Session {
+  // Counts and identity.
+  int16_t NKomp = 0;
+  Vec<int16_t> KompIdx;  // 1-based place of the component in the open database
+  int16_t Komp1 = 1, Komp2 = 2;
+  Vec<StoffRecord> StoffData;
+
+  // Pure-component constants (f32).
+  Vec<float> MolMasse, TKrit, PKrit, RhoKrit, Omega;
+
+  // Parameter records per component.
+  Vec<ParAugust> ParAUG;
+  Vec<ParAntoine> ParALP, ParAHP;
+  Vec<ParFrost> ParFRO;
+  Vec<ParWagner> ParWAG;
+  Vec<ParDensity> ParRho;
+  Vec<ParEnthalpy> ParLVH;
+  Vec<std::string> P0Eq;  // "ALP", "AHP", "AUG", "FRO", "WAG", "THO" or blank
+
+  // Derived at each load of the substances.
+  Vec<float> TSiede;
+  Mat<double> TcMix, PcMix, OmegaMix;
+  double TKritMax = 0, PKritMax = 0;
+  bool AlleOmega = false, AlleVWilson = false, RhoOK = false, KritOK = false;
+  bool LoadOK = false;
+
+  // Models.
+  bool Konzept = false;  // false gamma-phi, true phi-phi
+  int16_t GEModel = -1;
+  int16_t VapModel = 0;
+  int16_t EOSModel = 4;
+  int16_t MixRule = 2;
+  int16_t GEModelEOS = 2;
+  int16_t ParUnitWilson = 2, ParUnitNRTL = 0, ParUnitUNIQUAC = 0, ParUnitKij = 2;
+  Mat3<double> GEPar, GEParAlt;  // (k 1..12, i, j)
+  bool WilsonVFix = true;
+  bool UnifacNeu = true;
+  bool ModelleOffen = true;
+  std::string ModUnifFile, OUnifFile;
+
+  // Current state and engine work arrays.
+  double TIso = 298.15, PIso = 101.325, XIso = 0.5;
+  Vec<float> P0, VLiq, VLiqCm3;
+  Vec<double> Phi0;
+  Mat<double> BVir;
+  Vec<double> Gamma, PhiVMix;
+
+  // Units and output settings.
+  double TOffsetIn = 273.15, TOffsetOut = 273.15;
+  int16_t ConcUnit = 0;
+  int16_t FuUnit = 0;
+  float FuFaktor = 1;
+  int16_t KurvenPunkte = 600;
+  std::string ListTrenner = ";";
+  bool DezKomma = false;
+  int16_t IsoArt = 1;
+
+  // Database index of the open file (record n+1 of the file is substance n).
+  int16_t BankAnz = 0;
+  Vec<std::string> BankCAS, BankName, BankFormel;  // 1..BankAnz
+  Vec<int16_t> BankNr;
+  std::string BankDatei;  // bare file name of the open database, empty when none
+  bool BankOffen = false;
+  bool NamenEnglisch = true;
+
+  // Remembered directories (each ends with a path separator or is empty).
+  std::string PfadBank, PfadProjekt, PfadXY, PfadOC2, PfadOC3;
+
+  // Project.
+  std::string ProjektDatei, ProjektKommentar;
+
+  // Single-point input.
+  double TCalc = 298.15, PCalc = 101.325, EtaVCalc = 0;
+  int16_t Rechenart = 1, CalcEinheit1 = 0, CalcEinheit2 = 0;
+
+  // Diagram and design choices kept in projects.
+  bool ThieleOption = false;
+  bool TpxVorgabe = true;
+  bool Konoden3D = false;
+
+  // Batch distillation (kept in projects).
+  Vec<float> StoffMenge;  // kmol in the stillpot, per component
+  float RueckLauf = 0, DruckVerlust = 0;
+  int16_t NBoden = 0, NFrak = 0, NSchritte = 0;
+  float BatchGenau = 0, BatchMaxIter = 0;
+  int16_t RestProzent = 0;
+  float BatchZeit = 0;
+
+  // Counter of the 2D diagram window, reset with the models.
+  int32_t DiagrammZaehler = 0;
+};
+
+// Number of GEPar layers: k runs 1..12, slot 0 unused.
+inline constexpr int kGEParDepth = 13;
+
+// Re-dimensions every per-component array and pair matrix for n components and clears them.
+void AllocSession(Session& s, int n);
+
+// Clears the models of the mixture: UnifacNeu true, GEModel -1, P0Eq blank, KompIdx 0, every
+// GEPar zero, the diagram counter reset, ModelleOffen set. (The menu side is the shell's.)
+void ResetModels(Session& s);
+
+// The substance selection's "Mixture OK": stores the mixture of the given database places
+// (1-based, index 1..n of kompIdx), resets models and state and loads the substances.
+// Returns LoadSubstances' ok; messages of the load go to sink.
+bool SelectionCommit(Session& s, int n, const Vec<int16_t>& kompIdx, MsgSink* sink);
+
+}  // namespace peq
