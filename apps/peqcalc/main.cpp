@@ -1,0 +1,2 @@
+// PLACEHOLDER main until the command-line calculator is written.
+int main() { return 64; }
