@@ -32,6 +32,16 @@ void AllocSession(Session& s, int n) {
   s.BVir.assign(m, 0);
   s.Gamma.assign(m, 0);
   s.PhiVMix.assign(m, 0);
+  // EOS and kernel block.
+  for (Vec<double>* v : {&s.EOSa0, &s.EOSaExp, &s.EOSb0, &s.EOSc0, &s.EOSd0, &s.EOSbExp, &s.EOScExp,
+                         &s.EOSdExp, &s.VKrit, &s.RhoKritEOS, &s.PhiKorr, &s.KWert, &s.YGas, &s.XLiq})
+    v->assign(m, 0);
+  s.AlphaArt.assign(m, 0);
+  for (auto* tab : {&s.EOSPar, &s.EOSParDT, &s.EOSParD2T})
+    for (Vec<double>& v : *tab) v.assign(m, 0);
+  for (Vec<double>& v : s.CompMat) v.assign(m, 0);
+  s.EOSScratch.Alloc(m);
+  s.KernScratch.Alloc(m);
   s.StoffMenge.assign(m, 0);
   s.GEPar.assign(kGEParDepth, m, 0);
   s.GEParAlt.assign(kGEParDepth, m, 0);

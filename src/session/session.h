@@ -8,8 +8,11 @@
 #include <cstdint>
 #include <string>
 
+#include "models/eos_types.h"
+#include "models/gestate.h"
 #include "session/arrays.h"
 #include "session/message.h"
+#include "substances/unifactables.h"
 
 namespace peq {
 
@@ -92,6 +95,8 @@ struct Session {
   bool UnifacNeu = true;
   bool ModelleOffen = true;
   std::string ModUnifFile, OUnifFile;
+  UnifacTables Unifac;  // group tables of the parameter files (Mod. UNIFAC and UNIFAC)
+  GEState GEWork;       // scratch and temperature-only terms of the activity models
 
   // Current state and engine work arrays.
   double TIso = 298.15, PIso = 101.325, XIso = 0.5;
@@ -99,6 +104,37 @@ struct Session {
   Vec<double> Phi0;
   Mat<double> BVir;
   Vec<double> Gamma, PhiVMix;
+  // Work arrays of the pure-property routines (models/liquid, virial, pureprops): a call gathers
+  // its results here and stores them into the arrays above only when it ran without an arithmetic
+  // fault. Sized on first use for the mixture, so the calls at every T change allocate nothing.
+  struct PureWorkArrays {
+    Vec<float> VLiq;
+    Vec<int16_t> DT;     // dT(i) of LiquidVolumes before it is stored
+    Vec<int16_t> DTLiq;  // the dT(i) vector AllPureProps hands to LiquidVolumes
+    Vec<double> Phi0;
+    Mat<double> BVir;
+  } PureWork;
+
+  // ---- Cubic equations of state, vapour phase and equilibrium kernel ----
+  // (models/eos*, models/vapourphi, engine/kernel; sized by AllocSession.)
+  // Pure-component coefficients committed by EOSSetPure: a parameter at T is the coefficient
+  // times T^exponent; EOSaExp holds the m of the alpha function when AlphaArt is 2.
+  Vec<double> EOSa0, EOSaExp, EOSb0, EOSc0, EOSd0, EOSbExp, EOScExp, EOSdExp;
+  Vec<double> VKrit;       // critical molar volume of the EOS, Zc R Tc/pc, m^3/kmol
+  Vec<double> RhoKritEOS;  // MolMasse/VKrit, kg/m^3 (set only when VKrit > 1E-6)
+  Vec<int16_t> AlphaArt;   // 1 power law in T, 2 alpha function of the Soave form
+  // EOSPar[k][i]: a, b, c, d (k = 1..4) of component i at the T of the last EOSPureAt, and
+  // their first and second temperature derivatives (EOSPureDT).
+  std::array<Vec<double>, 5> EOSPar, EOSParDT, EOSParD2T;
+  EOSWork EOSScratch;  // pair tables of the mixing rules, mixture parameters, phi of both phases
+  // Results of the last kernel calculation.
+  Vec<double> PhiKorr;  // combined vapour and pressure correction (1 for the ideal gas)
+  Vec<double> KWert;    // equilibrium ratios y(i)/x(i)
+  Vec<double> YGas;     // vapour composition of the last bubble calculation
+  Vec<double> XLiq;     // liquid composition of the last dew calculation
+  std::array<Vec<double>, 2> CompMat;  // CompMat[col][i]: col 0 liquid, col 1 vapour, for the EOS
+  KernelWork KernScratch;
+  // ---- end of the EOS and kernel block ----
 
   // Units and output settings.
   double TOffsetIn = 273.15, TOffsetOut = 273.15;
@@ -143,6 +179,20 @@ struct Session {
 
   // Counter of the 2D diagram window, reset with the models.
   int32_t DiagrammZaehler = 0;
+
+  // Requests of the frame's commands (windows/shell): the last diagram asked for, the held
+  // experimental points, the result record of the session.
+  int16_t NoDia = 0;            // 2D diagram number of the last diagram command
+  int16_t NoDia3 = 0;           // surface of the last 3D diagram command
+  bool DiagMitExp = false;      // that diagram can carry experimental points
+  bool DiagAbbruch = false;     // its T/p input window was cancelled
+  int16_t ExpAnz = 0;           // number of experimental T-p-x points held
+  std::string ExpDatei;         // the EX5 file they came from
+  bool ExpUngespeichert = false;  // entered or changed and not yet saved
+  bool KonsTestAktiv = false;   // the consistency test owns the fitting window
+  std::string ProtokollDatei;   // result record of this session (full path)
+  bool ProtokollAktiv = false;  // the record is being kept
+  Vec<std::string> ProtokollZeile;  // one row of the record, 1..columns
 };
 
 // Number of GEPar layers: k runs 1..12, slot 0 unused.

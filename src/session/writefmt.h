@@ -18,6 +18,8 @@ inline std::string WriteBool(bool v) { return v ? "-1" : "0"; }
 // Error texts of the reader, as the system words them.
 inline constexpr const char* kErrPastEnd = "Input past end of file";
 inline constexpr const char* kErrTypeMismatch = "Type mismatch";
+// A whole number beyond 16 bits, or a real beyond the range of its width.
+inline constexpr const char* kErrOverflow = "Overflow";
 
 struct ReadError {
   std::string text;

@@ -1,0 +1,43 @@
+// The command table of peqcalc. Each command lives in a file of its own (cmd_<name>.cpp) and
+// enters the table through a static CommandEntry, so a new command is one new file.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "json.h"
+#include "session/message.h"
+#include "session/session.h"
+
+namespace peqcalc {
+
+// Exit codes.
+inline constexpr int kExitOk = 0;
+inline constexpr int kExitRefused = 2;
+inline constexpr int kExitUsage = 64;
+
+using Args = std::vector<std::string>;
+
+struct Command {
+  std::string name;      // word on the command line, e.g. "pure"
+  std::string synopsis;  // arguments, e.g. "T"
+  std::string help;      // what it prints, for --help (may span lines)
+  // Checks the arguments before the project is loaded; false with the reason on bad usage.
+  bool (*check)(const Args& args, std::string& why) = nullptr;
+  // Runs on the loaded session and fills out. Messages for the user go to msgs. Returns
+  // kExitOk or kExitRefused.
+  int (*run)(peq::Session& s, const Args& args, Json& out, peq::MsgSink& msgs) = nullptr;
+};
+
+// The table, in the order the commands registered.
+const std::vector<Command>& Commands();
+const Command* FindCommand(const std::string& name);
+
+struct CommandEntry {
+  explicit CommandEntry(Command c);
+};
+
+// A command-line number in the free format ("298.15", "1E-3"); false when it is none.
+bool ArgNumber(const std::string& text, double& v);
+
+}  // namespace peqcalc
