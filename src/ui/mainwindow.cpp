@@ -325,15 +325,15 @@ std::optional<std::string> MainWindow::InputBox(const std::string& title, const 
   return S(t);
 }
 
-peq::FileDialogResult MainWindow::FileDialog(const peq::FileDialogSpec& spec) {
-  QFileDialog d(this, Q(spec.title));
-  d.setNameFilters(NameFilters(spec.filter));
-  if (!spec.initialDir.empty()) d.setDirectory(Q(spec.initialDir));
-  if (!spec.initialFile.empty()) d.selectFile(Q(spec.initialFile));
-  QString ext = Q(spec.defaultExt);
+peq::FileDialogResult MainWindow::FileDialog(const peq::FileDialogRequest& req) {
+  QFileDialog d(this, Q(req.title));
+  d.setNameFilters(NameFilters(req.filter));
+  if (!req.initialDir.empty()) d.setDirectory(Q(req.initialDir));
+  if (!req.initialFile.empty()) d.selectFile(Q(req.initialFile));
+  QString ext = Q(req.defaultExt);
   ext.remove(QLatin1Char('*')).remove(QLatin1Char('.'));
   if (!ext.isEmpty()) d.setDefaultSuffix(ext);
-  if (spec.save) {
+  if (req.save) {
     d.setAcceptMode(QFileDialog::AcceptSave);
     d.setFileMode(QFileDialog::AnyFile);
   } else {

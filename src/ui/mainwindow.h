@@ -49,7 +49,7 @@ class MainWindow : public QMainWindow, public peq::Ui {
                      peq::Buttons buttons) override;
   std::optional<std::string> InputBox(const std::string& title, const std::string& prompt,
                                       const std::string& defaultText) override;
-  peq::FileDialogResult FileDialog(const peq::FileDialogSpec& spec) override;
+  peq::FileDialogResult FileDialog(const peq::FileDialogRequest& req) override;
   std::string GetSetting(const std::string& section, const std::string& key,
                          const std::string& defaultValue) override;
   bool SaveSetting(const std::string& section, const std::string& key, const std::string& value) override;

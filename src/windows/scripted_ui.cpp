@@ -35,8 +35,8 @@ std::optional<std::string> ScriptedUi::InputBox(const std::string& title, const 
   return a;
 }
 
-FileDialogResult ScriptedUi::FileDialog(const FileDialogSpec& spec) {
-  fileDialogs.push_back(spec);
+FileDialogResult ScriptedUi::FileDialog(const FileDialogRequest& req) {
+  fileDialogs.push_back(req);
   if (files.empty()) return FileDialogResult{};
   FileDialogResult r = files.front();
   files.pop_front();

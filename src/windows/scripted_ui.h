@@ -40,7 +40,7 @@ class ScriptedUi : public Ui {
   std::vector<Box> boxes;
   std::vector<std::pair<std::string, std::string>> inputPrompts;  // title, prompt
   std::vector<std::string> inputDefaults;
-  std::vector<FileDialogSpec> fileDialogs;
+  std::vector<FileDialogRequest> fileDialogs;
   std::vector<WindowId> shown, modal, unloaded, refreshed;
   std::vector<int> helpTopics;
   int helpClosed = 0;
@@ -58,7 +58,7 @@ class ScriptedUi : public Ui {
                 Buttons buttons) override;
   std::optional<std::string> InputBox(const std::string& title, const std::string& prompt,
                                       const std::string& defaultText) override;
-  FileDialogResult FileDialog(const FileDialogSpec& spec) override;
+  FileDialogResult FileDialog(const FileDialogRequest& req) override;
   std::string GetSetting(const std::string& section, const std::string& key,
                          const std::string& defaultValue) override;
   bool SaveSetting(const std::string& section, const std::string& key,

@@ -384,14 +384,14 @@ void mdiPEQ::ToolbarClick(int button) {
 
 void mdiPEQ::SelectAndLoadBank(bool& cancel) {
   cancel = true;
-  FileDialogSpec spec;
-  spec.save = false;
-  spec.title = "Select and load database";
-  spec.filter = "Database (*.Q07)|*.Q07";
-  spec.initialDir = s.PfadBank;
-  spec.defaultExt = "*.Q07";
-  spec.flags = 530444;
-  const FileDialogResult r = ui.FileDialog(spec);
+  FileDialogRequest req;
+  req.save = false;
+  req.title = "Select and load database";
+  req.filter = "Database (*.Q07)|*.Q07";
+  req.initialDir = s.PfadBank;
+  req.defaultExt = "*.Q07";
+  req.flags = 530444;
+  const FileDialogResult r = ui.FileDialog(req);
   if (r.cancelled || r.fileTitle.empty()) return;
   const std::string oldPfad = s.PfadBank;
   s.PfadBank = BisTrenner(r.fileName);
@@ -539,16 +539,16 @@ bool mdiPEQ::ProjektSpeichern(const std::string& fileName) {
 }
 
 void mdiPEQ::mnuSaveProject_Click() {
-  FileDialogSpec spec;
-  spec.save = true;
-  spec.title = "Save actual session as ...";
-  spec.filter = "PEQ Project file (*.PQC)|*.PQC";
-  spec.initialDir = s.PfadProjekt;
+  FileDialogRequest req;
+  req.save = true;
+  req.title = "Save actual session as ...";
+  req.filter = "PEQ Project file (*.PQC)|*.PQC";
+  req.initialDir = s.PfadProjekt;
   std::string initial = s.ProjektDatei;
-  spec.initialFile = BankNurName(initial);
-  spec.defaultExt = ".PQC";
-  spec.flags = 2623494;
-  const FileDialogResult r = ui.FileDialog(spec);
+  req.initialFile = BankNurName(initial);
+  req.defaultExt = ".PQC";
+  req.flags = 2623494;
+  const FileDialogResult r = ui.FileDialog(req);
   if (r.cancelled || r.fileName.empty()) return;
   if (ProjektSpeichern(r.fileName)) {
     s.ProjektDatei = r.fileName;

@@ -48,7 +48,7 @@ enum class Answer : int16_t { Ok, Cancel, Yes, No };
 
 // A standard open or save dialog. filter in the form "Description (*.Q07)|*.Q07" (pairs of
 // description and pattern separated by "|"); flags as the platform's dialog knows them.
-struct FileDialogSpec {
+struct FileDialogRequest {
   bool save = false;
   std::string title;
   std::string filter;
@@ -74,7 +74,7 @@ class Ui {
   // A modal input box; nullopt on cancel.
   virtual std::optional<std::string> InputBox(const std::string& title, const std::string& prompt,
                                               const std::string& defaultText) = 0;
-  virtual FileDialogResult FileDialog(const FileDialogSpec& spec) = 0;
+  virtual FileDialogResult FileDialog(const FileDialogRequest& req) = 0;
 
   // Settings store: one value by section and key. SaveSetting returns false when the store
   // cannot be written; the program goes on.

@@ -227,7 +227,7 @@ TEST(SelectAndLoadBank, TheDialog) {
   e.f.SelectAndLoadBank(cancel);
   EXPECT_TRUE(cancel);
   ASSERT_EQ(e.ui.fileDialogs.size(), 1u);
-  const peq::FileDialogSpec& d = e.ui.fileDialogs[0];
+  const peq::FileDialogRequest& d = e.ui.fileDialogs[0];
   EXPECT_FALSE(d.save);
   EXPECT_EQ(d.title, "Select and load database");
   EXPECT_EQ(d.filter, "Database (*.Q07)|*.Q07");
@@ -642,7 +642,7 @@ TEST(SaveProject, TheDialogAndTheCommentBox) {
   e.ui.inputs.push_back(std::string("ethanol and water"));
   e.f.Run(C(Cmd::mnuSaveProject));
   ASSERT_EQ(e.ui.fileDialogs.size(), 2u);
-  const peq::FileDialogSpec& d = e.ui.fileDialogs[1];
+  const peq::FileDialogRequest& d = e.ui.fileDialogs[1];
   EXPECT_TRUE(d.save);
   EXPECT_EQ(d.title, "Save actual session as ...");
   EXPECT_EQ(d.filter, "PEQ Project file (*.PQC)|*.PQC");
