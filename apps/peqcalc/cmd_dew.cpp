@@ -12,67 +12,34 @@ namespace peqcalc {
 
 namespace {
 
-bool CheckNumbers(const Args& args, const char* what, std::string& why) {
-  if (args.size() < 2) {
-    why = std::string(what) + " and the vapour mole fractions y1 .. yn";
-    return false;
-  }
-  for (const std::string& a : args) {
-    double v = 0;
-    if (!ArgNumber(a, v)) {
-      why = "not a number: " + a;
-      return false;
-    }
-  }
-  return true;
+bool CheckP(const Args& args, std::string& why) {
+  return CheckNumbers(args, 2, "dew-p needs T in K and the vapour mole fractions y1 .. yn", why);
 }
-
-bool CheckP(const Args& args, std::string& why) { return CheckNumbers(args, "dew-p needs T in K", why); }
-bool CheckT(const Args& args, std::string& why) { return CheckNumbers(args, "dew-t needs p in kPa", why); }
-
-bool Read(peq::Session& s, const Args& args, const char* name, double& v, peq::Vec<double>& y,
-          peq::MsgSink& msgs) {
-  const int n = s.NKomp;
-  if (static_cast<int>(args.size()) - 1 != n) {
-    peq::Post(&msgs, "Execution not possible",
-              std::string(name) + " needs " + std::to_string(n) + " mole fractions for the " +
-                  std::to_string(n) + " components of the project",
-              peq::MsgIcon::Stop);
-    return false;
-  }
-  ArgNumber(args[0], v);
-  y.assign(static_cast<std::size_t>(n) + 1, 0.0);
-  for (int i = 1; i <= n; ++i) ArgNumber(args[static_cast<std::size_t>(i)], y[i]);
-  return true;
-}
-
-std::vector<double> Of(const peq::Vec<double>& v, int n) {
-  std::vector<double> r;
-  for (int i = 1; i <= n; ++i) r.push_back(v[i]);
-  return r;
+bool CheckT(const Args& args, std::string& why) {
+  return CheckNumbers(args, 2, "dew-t needs p in kPa and the vapour mole fractions y1 .. yn", why);
 }
 
 int RunP(peq::Session& s, const Args& args, Json& out, peq::MsgSink& msgs) {
   double T = 0;
   peq::Vec<double> y;
-  if (!Read(s, args, "dew-p", T, y, msgs)) return kExitRefused;
+  if (!ReadComposition(s, args, "dew-p", 1, &T, y, msgs)) return kExitRefused;
   int16_t err = 0, dT = 0;
   peq::AllPureProps(s, T, err, dT);  // the calling order of the kernel: pure properties at T first
   const float p = peq::CalcDewP(s, T, y);
   out.Num("p", p);
-  out.NumArray("x", Of(s.XLiq, s.NKomp));
-  out.NumArray("K", Of(s.KWert, s.NKomp));
+  out.NumArray("x", PerComponent(s.XLiq, s.NKomp));
+  out.NumArray("K", PerComponent(s.KWert, s.NKomp));
   return kExitOk;
 }
 
 int RunT(peq::Session& s, const Args& args, Json& out, peq::MsgSink& msgs) {
   double p = 0;
   peq::Vec<double> y;
-  if (!Read(s, args, "dew-t", p, y, msgs)) return kExitRefused;
+  if (!ReadComposition(s, args, "dew-t", 1, &p, y, msgs)) return kExitRefused;
   const float T = peq::CalcDewT(s, p, y, 0.0);
   out.Num("T", T);
-  out.NumArray("x", Of(s.XLiq, s.NKomp));
-  out.NumArray("K", Of(s.KWert, s.NKomp));
+  out.NumArray("x", PerComponent(s.XLiq, s.NKomp));
+  out.NumArray("K", PerComponent(s.KWert, s.NKomp));
   return kExitOk;
 }
 

@@ -18,34 +18,15 @@ namespace peqcalc {
 namespace {
 
 bool Check(const Args& args, std::string& why) {
-  if (args.size() < 3) {
-    why = "eos needs T in K, p in kPa and the mole fractions z1 .. zn";
-    return false;
-  }
-  for (const std::string& a : args) {
-    double v = 0;
-    if (!ArgNumber(a, v)) {
-      why = "not a number: " + a;
-      return false;
-    }
-  }
-  return true;
+  return CheckNumbers(args, 3, "eos needs T in K, p in kPa and the mole fractions z1 .. zn", why);
 }
 
 int Run(peq::Session& s, const Args& args, Json& out, peq::MsgSink& msgs) {
   const int n = s.NKomp;
-  if (static_cast<int>(args.size()) - 2 != n) {
-    peq::Post(&msgs, "Execution not possible",
-              "eos needs " + std::to_string(n) + " mole fractions for the " + std::to_string(n) +
-                  " components of the project",
-              peq::MsgIcon::Stop);
-    return kExitRefused;
-  }
-  double T = 0, p = 0;
-  ArgNumber(args[0], T);
-  ArgNumber(args[1], p);
+  double Tp[2] = {0, 0};
   peq::Vec<double>& z = s.CompMat[0];
-  for (int i = 1; i <= n; ++i) ArgNumber(args[static_cast<std::size_t>(i) + 1], z[i]);
+  if (!ReadComposition(s, args, "eos", 2, Tp, z, msgs)) return kExitRefused;
+  const double T = Tp[0], p = Tp[1];
   // The phi-phi parameters: in a gamma-phi project they wait in GEParAlt.
   if (!s.Konzept) std::swap(s.GEPar, s.GEParAlt);
   int16_t err = 0;

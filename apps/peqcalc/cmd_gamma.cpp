@@ -10,38 +10,17 @@ namespace peqcalc {
 namespace {
 
 bool Check(const Args& args, std::string& why) {
-  if (args.size() < 2) {
-    why = "gamma needs the temperature T in K and the mole fractions x1 .. xn";
-    return false;
-  }
-  for (const std::string& a : args) {
-    double v = 0;
-    if (!ArgNumber(a, v)) {
-      why = "not a number: " + a;
-      return false;
-    }
-  }
-  return true;
+  return CheckNumbers(args, 2, "gamma needs the temperature T in K and the mole fractions x1 .. xn", why);
 }
 
 int Run(peq::Session& s, const Args& args, Json& out, peq::MsgSink& msgs) {
   const int n = s.NKomp;
-  if (static_cast<int>(args.size()) - 1 != n) {
-    peq::Post(&msgs, "Execution not possible",
-              "gamma needs " + std::to_string(n) + " mole fractions for the " + std::to_string(n) +
-                  " components of the project",
-              peq::MsgIcon::Stop);
-    return kExitRefused;
-  }
   double T = 0;
-  ArgNumber(args[0], T);
-  peq::Vec<double> x(static_cast<std::size_t>(n) + 1, 0.0);
-  for (int i = 1; i <= n; ++i) ArgNumber(args[static_cast<std::size_t>(i)], x[i]);
+  peq::Vec<double> x;
+  if (!ReadComposition(s, args, "gamma", 1, &T, x, msgs)) return kExitRefused;
   int16_t err = 0;
   peq::ActivityCoeffs(s, T, x, s.Gamma, err);
-  std::vector<double> gamma;
-  for (int i = 1; i <= n; ++i) gamma.push_back(s.Gamma[i]);
-  out.NumArray("gamma", gamma);
+  out.NumArray("gamma", PerComponent(s.Gamma, n));
   out.Int("err", err);
   return kExitOk;
 }

@@ -23,4 +23,41 @@ CommandEntry::CommandEntry(Command c) { Table().push_back(std::move(c)); }
 
 bool ArgNumber(const std::string& text, double& v) { return peq::ParseNumber(text, v); }
 
+bool CheckNumbers(const Args& args, std::size_t count, const std::string& need, std::string& why) {
+  if (args.size() < count) {
+    why = need;
+    return false;
+  }
+  for (const std::string& a : args) {
+    double v = 0;
+    if (!ArgNumber(a, v)) {
+      why = "not a number: " + a;
+      return false;
+    }
+  }
+  return true;
+}
+
+bool ReadComposition(const peq::Session& s, const Args& args, const char* name, std::size_t lead,
+                     double* leadValues, peq::Vec<double>& x, peq::MsgSink& msgs) {
+  const int n = s.NKomp;
+  if (args.size() != lead + static_cast<std::size_t>(n)) {
+    peq::Post(&msgs, "Execution not possible",
+              std::string(name) + " needs " + std::to_string(n) + " mole fractions for the " +
+                  std::to_string(n) + " components of the project",
+              peq::MsgIcon::Stop);
+    return false;
+  }
+  for (std::size_t k = 0; k < lead; ++k) ArgNumber(args[k], leadValues[k]);
+  if (x.size() != static_cast<std::size_t>(n) + 1) x.assign(static_cast<std::size_t>(n) + 1, 0.0);
+  for (int i = 1; i <= n; ++i) ArgNumber(args[lead + static_cast<std::size_t>(i) - 1], x[i]);
+  return true;
+}
+
+std::vector<double> PerComponent(const peq::Vec<double>& v, int n) {
+  std::vector<double> r;
+  for (int i = 1; i <= n; ++i) r.push_back(v[i]);
+  return r;
+}
+
 }  // namespace peqcalc

@@ -40,4 +40,16 @@ struct CommandEntry {
 // A command-line number in the free format ("298.15", "1E-3"); false when it is none.
 bool ArgNumber(const std::string& text, double& v);
 
+// Usage check of a command whose arguments are all numbers, at least `count` of them; false with
+// why = need when too few, or naming the word that is not a number.
+bool CheckNumbers(const Args& args, std::size_t count, const std::string& need, std::string& why);
+
+// The first `lead` arguments into lead[0..lead-1], the rest as the mole fractions x(1..NKomp).
+// A count that does not fit the project is refused with a message naming the command.
+bool ReadComposition(const peq::Session& s, const Args& args, const char* name, std::size_t lead,
+                     double* leadValues, peq::Vec<double>& x, peq::MsgSink& msgs);
+
+// Components 1..n of a session array, in order, for a JSON array.
+std::vector<double> PerComponent(const peq::Vec<double>& v, int n);
+
 }  // namespace peqcalc
