@@ -28,6 +28,7 @@
 #include <system_error>
 
 #include "session/codepage.h"
+#include "session/filewrite.h"
 #include "session/numeric.h"
 #include "session/writefmt.h"
 #include "substances/bank.h"
@@ -66,12 +67,6 @@ std::string NowText() {
   char buf[32];
   std::strftime(buf, sizeof buf, "%Y-%m-%d %H:%M:%S", &tm);
   return buf;
-}
-
-// The text of the system for a failed file operation.
-std::string SystemText(int err) {
-  if (err == ENOENT) return "File not found";
-  return std::strerror(err);
 }
 
 bool ReadWholeFile(const std::string& fileName, std::string& text, std::string& err) {
@@ -166,38 +161,6 @@ std::string ProjectText(const Session& s, const std::string& comment, bool lastS
         line(WriteDbl(s.GEPar(k + 1, j, i)));
       }
   return o;
-}
-
-// Writes text to a temporary file beside the target and renames it over the target.
-bool WriteReplacing(const std::string& fileName, const std::string& text, std::string& err) {
-  const fs::path target(fileName);
-  fs::path tmp = target;
-  tmp += ".tmp~";
-  {
-    errno = 0;
-    std::ofstream out(tmp, std::ios::binary | std::ios::trunc);
-    if (!out) {
-      err = SystemText(errno ? errno : EACCES);
-      return false;
-    }
-    out.write(text.data(), static_cast<std::streamsize>(text.size()));
-    out.flush();
-    if (!out) {
-      err = "Disk full";
-      out.close();
-      std::error_code ec;
-      fs::remove(tmp, ec);
-      return false;
-    }
-  }
-  std::error_code ec;
-  fs::rename(tmp, target, ec);
-  if (ec) {
-    err = ec.message();
-    fs::remove(tmp, ec);
-    return false;
-  }
-  return true;
 }
 
 }  // namespace

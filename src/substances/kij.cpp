@@ -11,6 +11,7 @@
 #include <system_error>
 
 #include "session/codepage.h"
+#include "session/filewrite.h"
 
 namespace peq {
 
@@ -105,41 +106,17 @@ std::vector<KijEntry> ReadKijFile(const std::string& path) {
 }
 
 bool WriteKijFile(const std::string& path, const std::vector<KijEntry>& entries, std::string& err) {
-  const fs::path target(path);
-  fs::path tmp = target;
-  tmp += ".tmp";
-  {
-    std::ofstream f(tmp, std::ios::binary | std::ios::trunc);
-    if (!f) {
-      err = "Path/File access error";
-      return false;
-    }
-    for (const KijEntry& e : entries) {
-      // Shortest text that reads back to the same double, exponent in capitals.
-      char num[64];
-      const auto res = std::to_chars(num, num + sizeof num, e.Kij);
-      std::string v(num, res.ptr);
-      for (char& c : v)
-        if (c == 'e') c = 'E';
-      f << Trim(e.Cas1) << ',' << Trim(e.Cas2) << "\r\n" << v << "\r\n";
-    }
-    f.flush();
-    if (!f) {
-      err = "Disk full";
-      f.close();
-      std::error_code ec;
-      fs::remove(tmp, ec);
-      return false;
-    }
+  std::string text;
+  for (const KijEntry& e : entries) {
+    // Shortest text that reads back to the same double, exponent in capitals.
+    char num[64];
+    const auto res = std::to_chars(num, num + sizeof num, e.Kij);
+    std::string v(num, res.ptr);
+    for (char& c : v)
+      if (c == 'e') c = 'E';
+    text.append(Trim(e.Cas1)).append(",").append(Trim(e.Cas2)).append("\r\n").append(v).append("\r\n");
   }
-  std::error_code ec;
-  fs::rename(tmp, target, ec);
-  if (ec) {
-    err = ec.message();
-    fs::remove(tmp, ec);
-    return false;
-  }
-  return true;
+  return WriteReplacing(path, text, err);
 }
 
 std::optional<double> FindKij(const std::string& path, const std::string& cas1,

@@ -19,6 +19,7 @@
 #include <system_error>
 
 #include "session/codepage.h"
+#include "session/filewrite.h"
 
 namespace peq {
 
@@ -135,42 +136,18 @@ bool WriteQ07(const std::string& path, const std::vector<Q07Record>& substances,
     err = "too many substances for one database";
     return false;
   }
-  namespace fs = std::filesystem;
-  const fs::path target(path);
-  fs::path tmp = target;
-  tmp += ".tmp";
-  {
-    std::ofstream f(tmp, std::ios::binary | std::ios::trunc);
-    if (!f) {
-      err = "Path/File access error";
-      return false;
-    }
-    unsigned char buf[kQ07RecordLength];
-    Q07Record head;  // blank texts, zero values; only the count is read
-    head.Nr = static_cast<int16_t>(substances.size());
-    EncodeQ07Record(head, buf);
-    f.write(reinterpret_cast<const char*>(buf), kQ07RecordLength);
-    for (const Q07Record& r : substances) {
-      EncodeQ07Record(r, buf);
-      f.write(reinterpret_cast<const char*>(buf), kQ07RecordLength);
-    }
-    f.flush();
-    if (!f) {
-      err = "Disk full";
-      f.close();
-      std::error_code ec;
-      fs::remove(tmp, ec);
-      return false;
-    }
+  std::string bytes;
+  bytes.reserve((substances.size() + 1) * kQ07RecordLength);
+  unsigned char buf[kQ07RecordLength];
+  Q07Record head;  // blank texts, zero values; only the count is read
+  head.Nr = static_cast<int16_t>(substances.size());
+  EncodeQ07Record(head, buf);
+  bytes.append(reinterpret_cast<const char*>(buf), kQ07RecordLength);
+  for (const Q07Record& r : substances) {
+    EncodeQ07Record(r, buf);
+    bytes.append(reinterpret_cast<const char*>(buf), kQ07RecordLength);
   }
-  std::error_code ec;
-  fs::rename(tmp, target, ec);
-  if (ec) {
-    err = ec.message();
-    fs::remove(tmp, ec);
-    return false;
-  }
-  return true;
+  return WriteReplacing(path, bytes, err);
 }
 
 }  // namespace peq
