@@ -75,4 +75,19 @@ inline void GEFail(const Session& s, Vec<double>& gamma, int16_t& err) {
   for (int i = 1; i <= s.NKomp; ++i) gamma[i] = 1.0;
 }
 
+// Entry of a parameter model: sizes the scratch and runs compute(s, T, x, gamma, err) under the
+// model's error trap, where an arithmetic fault is the model's failure (GEFail).
+template <class Compute>
+void RunGEModel(Session& s, double T, const Vec<double>& x, Vec<double>& gamma, int16_t& err,
+                Compute compute) {
+  err = 0;
+  if (s.NKomp < 1) return;
+  SizeGEWork(s);
+  try {
+    compute(s, T, x, gamma, err);
+  } catch (const NumericFault&) {
+    GEFail(s, gamma, err);
+  }
+}
+
 }  // namespace peq

@@ -48,16 +48,8 @@ void Compute(Session& s, double T, const Vec<double>& x, Vec<double>& gamma, int
 
 }  // namespace
 
-void RedlichKisterGamma(Session& s, double T, const Vec<double>& x, Vec<double>& gamma,
-                        int16_t& err) {
-  err = 0;
-  if (s.NKomp < 1) return;
-  SizeGEWork(s);
-  try {
-    Compute(s, T, x, gamma, err);
-  } catch (const NumericFault&) {
-    GEFail(s, gamma, err);
-  }
+void RedlichKisterGamma(Session& s, double T, const Vec<double>& x, Vec<double>& gamma, int16_t& err) {
+  RunGEModel(s, T, x, gamma, err, Compute);
 }
 
 }  // namespace peq
