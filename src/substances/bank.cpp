@@ -13,6 +13,7 @@
 #include "models/liquid.h"
 #include "models/vappressure.h"
 #include "models/virial.h"
+#include "session/anycase.h"
 #include "session/codepage.h"
 #include "session/constants.h"
 #include "session/numeric.h"
@@ -53,21 +54,6 @@ std::string Slashes(std::string p) {
 
 bool HasDirectory(const std::string& name) {
   return name.find_first_of("\\/") != std::string::npos;
-}
-
-// The file itself, or on a case-sensitive file system the one entry of its directory whose
-// name differs only in case; the path unchanged when there is none.
-fs::path FindFileAnyCase(const fs::path& p) {
-  std::error_code ec;
-  if (fs::exists(p, ec)) return p;
-  fs::path dir = p.parent_path();
-  const std::string want = ToUpper(p.filename().string());
-  const fs::path scan = dir.empty() ? fs::path(".") : dir;
-  for (fs::directory_iterator it(scan, ec), end; !ec && it != end; it.increment(ec)) {
-    const fs::path name = it->path().filename();
-    if (ToUpper(name.string()) == want) return dir / name;
-  }
-  return p;
 }
 
 fs::path ResolveBankPath(const std::string& pfadBank, const std::string& name) {

@@ -10,6 +10,7 @@
 #include <fstream>
 #include <system_error>
 
+#include "session/anycase.h"
 #include "session/codepage.h"
 #include "session/filewrite.h"
 
@@ -73,14 +74,7 @@ fs::path KijPath(const std::string& dir, const std::string& file) {
   std::string d = dir;
   for (char& c : d)
     if (c == '\\') c = '/';
-  const fs::path p = fs::path(d) / file;
-  std::error_code ec;
-  if (fs::exists(p, ec)) return p;
-  const fs::path scan = d.empty() ? fs::path(".") : fs::path(d);
-  const std::string want = ToUpper(file);
-  for (fs::directory_iterator it(scan, ec), end; !ec && it != end; it.increment(ec))
-    if (ToUpper(it->path().filename().string()) == want) return fs::path(d) / it->path().filename();
-  return p;
+  return FindFileAnyCase(fs::path(d) / file);
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <fstream>
 #include <system_error>
 
+#include "session/anycase.h"
 #include "session/codepage.h"
 #include "substances/bank.h"
 
@@ -53,19 +54,6 @@ constexpr Rewrite kRewrites[] = {
     {"AZET", "ACET"},   {"SEK", "SEC"},     {"ZYKLO", "CYCLO"}, {"ZYCLO", "CYCLO"},
     {"CYKLO", "CYCLO"}, {"DEKAN", "DECAN"}, {"KRESOL", "CRESOL"},
 };
-
-// The file in dir, also when its name differs in case on a case-sensitive file system.
-fs::path FindAnyCase(const fs::path& dir, const std::string& name) {
-  std::error_code ec;
-  fs::path p = dir / name;
-  if (fs::exists(p, ec)) return p;
-  const std::string want = ToUpper(name);
-  for (fs::directory_iterator it(dir.empty() ? fs::path(".") : dir, ec), end; !ec && it != end;
-       it.increment(ec)) {
-    if (ToUpper(it->path().filename().string()) == want) return it->path();
-  }
-  return p;
-}
 
 // A line of the file without its line end.
 void CutLineEnd(std::string& line) {
@@ -152,7 +140,7 @@ void SynonymSuchen(std::string& name, const std::string& dir, std::string& cas, 
   fileMissing = false;
   cas.clear();
   line.clear();
-  const fs::path path = FindAnyCase(fs::path(dir), kSynonymFile);
+  const fs::path path = FindFileAnyCase(fs::path(dir) / kSynonymFile);
   std::error_code ec;
   if (!fs::exists(path, ec)) {
     Post(sink, "Error", std::string("Select your substance via list") + kNL + "file SYNOM.TXT not found",
