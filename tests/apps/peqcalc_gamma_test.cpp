@@ -18,58 +18,11 @@
 #include "session/project.h"
 #include "substances/unifacfiles.h"
 #include "support/fuzzy.h"
+#include "support/peqcalc_run.h"
 
 namespace {
 
 namespace fs = std::filesystem;
-
-struct Out {
-  int code = -1;
-  std::string out, err;
-};
-
-Out RunGamma(const std::vector<std::string>& args) {
-  const std::string errFile =
-      (fs::temp_directory_path() / ("peqcalc_gamma_err_" + std::to_string(::getpid()))).string();
-  std::string cmd(1, '\'');
-  cmd.append(peqtest::BinaryDir()).append("/peqcalc'");
-  for (const std::string& a : args) cmd.append(" '").append(a).append("'");
-  cmd.append(" 2>'").append(errFile).append("'");
-  Out r;
-  FILE* p = ::popen(cmd.c_str(), "r");
-  if (!p) return r;
-  char buf[4096];
-  std::size_t n;
-  while ((n = std::fread(buf, 1, sizeof buf, p)) > 0) r.out.append(buf, n);
-  const int status = ::pclose(p);
-  r.code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-  std::ifstream f(errFile);
-  std::stringstream ss;
-  ss << f.rdbuf();
-  r.err = ss.str();
-  fs::remove(errFile);
-  return r;
-}
-
-// The numbers of the array behind "key": in the printed JSON.
-std::vector<double> ArrayOf(const std::string& json, const std::string& key) {
-  std::vector<double> v;
-  std::size_t p = json.find("\"" + key + "\": [");
-  if (p == std::string::npos) return v;
-  p = json.find('[', p) + 1;
-  const std::size_t e = json.find(']', p);
-  std::string body = json.substr(p, e - p);
-  const char* c = body.c_str();
-  char* end = nullptr;
-  for (;;) {
-    const double d = std::strtod(c, &end);
-    if (end == c) break;
-    v.push_back(d);
-    c = end;
-    while (*c == ',' || *c == ' ') ++c;
-  }
-  return v;
-}
 
 // The example project (ethanol / water) with the given model, written to a temporary file.
 std::string ProjectWithModel(int16_t model, const fs::path& dir, peq::Session& s) {
@@ -106,10 +59,10 @@ TEST(PeqcalcGamma, EveryModelGivesTheNumbersOfActivityCoeffs) {
     peq::ActivityCoeffs(s, 343.15, x, g, err);
     EXPECT_EQ(err, 0) << "GEModel " << model;
 
-    const Out r = RunGamma({file, "--bank-dir", peqtest::BinaryDir(), "gamma", "343.15", "0.252",
+    const peqtest::PeqcalcRun r = peqtest::RunPeqcalc({file, "--bank-dir", peqtest::BinaryDir(), "gamma", "343.15", "0.252",
                             "0.748"});
     ASSERT_EQ(r.code, 0) << "GEModel " << model << ": " << r.err;
-    const std::vector<double> pg = ArrayOf(r.out, "gamma");
+    const std::vector<double> pg = peqtest::JsonNumbers(r.out, "gamma");
     ASSERT_EQ(pg.size(), 2u) << r.out;
     EXPECT_REL(pg[0], g[1], 1e-15) << "GEModel " << model;
     EXPECT_REL(pg[1], g[2], 1e-15) << "GEModel " << model;
@@ -122,10 +75,10 @@ TEST(PeqcalcGamma, EveryModelGivesTheNumbersOfActivityCoeffs) {
 }
 
 TEST(PeqcalcGamma, WrongNumberOfMoleFractionsIsRefused) {
-  const Out r = RunGamma({peqtest::SourceDir() + "/examples/ethanol-water.PQC", "--bank-dir",
+  const peqtest::PeqcalcRun r = peqtest::RunPeqcalc({peqtest::SourceDir() + "/examples/ethanol-water.PQC", "--bank-dir",
                           peqtest::BinaryDir(), "gamma", "343.15", "0.5"});
   EXPECT_EQ(r.code, 2);
   EXPECT_NE(r.err.find("Execution not possible: gamma needs 2 mole fractions"), std::string::npos);
-  const Out u = RunGamma({peqtest::SourceDir() + "/examples/ethanol-water.PQC", "gamma", "343.15"});
+  const peqtest::PeqcalcRun u = peqtest::RunPeqcalc({peqtest::SourceDir() + "/examples/ethanol-water.PQC", "gamma", "343.15"});
   EXPECT_EQ(u.code, 64);
 }

@@ -22,57 +22,11 @@
 #include "models/pureprops.h"
 #include "session/loadpath.h"
 #include "support/fuzzy.h"
+#include "support/peqcalc_run.h"
 
 namespace {
 
 namespace fs = std::filesystem;
-
-struct Out {
-  int code = -1;
-  std::string out, err;
-};
-
-Out RunCalc(const std::vector<std::string>& args) {
-  const std::string errFile =
-      (fs::temp_directory_path() / ("peqcalc_kernel_err_" + std::to_string(::getpid()))).string();
-  std::string cmd(1, '\'');
-  cmd.append(peqtest::BinaryDir()).append("/peqcalc'");
-  for (const std::string& a : args) cmd.append(" '").append(a).append("'");
-  cmd.append(" 2>'").append(errFile).append("'");
-  Out r;
-  FILE* p = ::popen(cmd.c_str(), "r");
-  if (!p) return r;
-  char buf[4096];
-  std::size_t n;
-  while ((n = std::fread(buf, 1, sizeof buf, p)) > 0) r.out.append(buf, n);
-  const int status = ::pclose(p);
-  r.code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-  std::ifstream f(errFile);
-  std::stringstream ss;
-  ss << f.rdbuf();
-  r.err = ss.str();
-  fs::remove(errFile);
-  return r;
-}
-
-std::vector<double> ArrayOf(const std::string& json, const std::string& key) {
-  std::vector<double> v;
-  std::size_t p = json.find("\"" + key + "\": [");
-  if (p == std::string::npos) return v;
-  p = json.find('[', p) + 1;
-  const std::size_t e = json.find(']', p);
-  const std::string body = json.substr(p, e - p);
-  const char* c = body.c_str();
-  char* end = nullptr;
-  for (;;) {
-    const double d = std::strtod(c, &end);
-    if (end == c) break;
-    v.push_back(d);
-    c = end;
-    while (*c == ',' || *c == ' ') ++c;
-  }
-  return v;
-}
 
 double NumberOf(const std::string& json, const std::string& key) {
   const std::size_t p = json.find("\"" + key + "\": ");
@@ -94,7 +48,7 @@ peq::Session Loaded() {
 }  // namespace
 
 TEST(PeqcalcKernel, BubblePressureIsCalcBubbleP) {
-  const Out r = RunCalc({kProject, "bubble-p", "343.15", "0.252", "0.748"});
+  const peqtest::PeqcalcRun r = peqtest::RunPeqcalc({kProject, "bubble-p", "343.15", "0.252", "0.748"});
   ASSERT_EQ(r.code, 0) << r.err;
   peq::Session s = Loaded();
   const peq::Vec<double> x = peqtest::Comp({0.252, 0.748}), y0(3, 0.0);
@@ -102,7 +56,7 @@ TEST(PeqcalcKernel, BubblePressureIsCalcBubbleP) {
   const double p = peq::CalcBubbleP(s, 343.15, x, 0, y0, s.Gamma, s.PhiKorr, s.KWert, vL, vV);
   ASSERT_GT(p, 0);
   EXPECT_EQ(NumberOf(r.out, "p"), p);
-  const auto y = ArrayOf(r.out, "y"), K = ArrayOf(r.out, "K"), g = ArrayOf(r.out, "gamma");
+  const auto y = peqtest::JsonNumbers(r.out, "y"), K = peqtest::JsonNumbers(r.out, "K"), g = peqtest::JsonNumbers(r.out, "gamma");
   ASSERT_EQ(y.size(), 2u);
   for (int i = 1; i <= 2; ++i) {
     EXPECT_EQ(y[i - 1], s.YGas[i]);
@@ -114,7 +68,7 @@ TEST(PeqcalcKernel, BubblePressureIsCalcBubbleP) {
 }
 
 TEST(PeqcalcKernel, BubbleTemperatureIsCalcBubbleT) {
-  const Out r = RunCalc({kProject, "bubble-t", "101.325", "0.252", "0.748"});
+  const peqtest::PeqcalcRun r = peqtest::RunPeqcalc({kProject, "bubble-t", "101.325", "0.252", "0.748"});
   ASSERT_EQ(r.code, 0) << r.err;
   peq::Session s = Loaded();
   const peq::Vec<double> x = peqtest::Comp({0.252, 0.748}), y0(3, 0.0);
@@ -123,13 +77,13 @@ TEST(PeqcalcKernel, BubbleTemperatureIsCalcBubbleT) {
   const double T = peq::CalcBubbleT(s, 101.325, x, Tin, y0, warn, s.KWert, vL, vV);
   ASSERT_GT(T, 0);
   EXPECT_EQ(NumberOf(r.out, "T"), T);
-  EXPECT_EQ(ArrayOf(r.out, "y")[0], s.YGas[1]);
-  EXPECT_EQ(ArrayOf(r.out, "K")[1], s.KWert[2]);
+  EXPECT_EQ(peqtest::JsonNumbers(r.out, "y")[0], s.YGas[1]);
+  EXPECT_EQ(peqtest::JsonNumbers(r.out, "K")[1], s.KWert[2]);
 }
 
 TEST(PeqcalcKernel, DewPointsAreCalcDewPAndCalcDewT) {
-  const Out rp = RunCalc({kProject, "dew-p", "343.15", "0.5", "0.5"});
-  const Out rt = RunCalc({kProject, "dew-t", "101.325", "0.5", "0.5"});
+  const peqtest::PeqcalcRun rp = peqtest::RunPeqcalc({kProject, "dew-p", "343.15", "0.5", "0.5"});
+  const peqtest::PeqcalcRun rt = peqtest::RunPeqcalc({kProject, "dew-t", "101.325", "0.5", "0.5"});
   ASSERT_EQ(rp.code, 0) << rp.err;
   ASSERT_EQ(rt.code, 0) << rt.err;
   peq::Session s = Loaded();
@@ -139,16 +93,16 @@ TEST(PeqcalcKernel, DewPointsAreCalcDewPAndCalcDewT) {
   const float p = peq::CalcDewP(s, 343.15, y);
   ASSERT_GT(p, 0.0f);
   EXPECT_EQ(NumberOf(rp.out, "p"), p);
-  EXPECT_EQ(ArrayOf(rp.out, "x")[0], s.XLiq[1]);
+  EXPECT_EQ(peqtest::JsonNumbers(rp.out, "x")[0], s.XLiq[1]);
   peq::Session s2 = Loaded();
   const float T = peq::CalcDewT(s2, 101.325, y, 0.0);
   ASSERT_GT(T, 0.0f);
   EXPECT_EQ(NumberOf(rt.out, "T"), T);
-  EXPECT_EQ(ArrayOf(rt.out, "K")[1], s2.KWert[2]);
+  EXPECT_EQ(peqtest::JsonNumbers(rt.out, "K")[1], s2.KWert[2]);
 }
 
 TEST(PeqcalcKernel, EosGivesRootsVolumesAndBothFugacityCoefficients) {
-  const Out r = RunCalc({kProject, "eos", "343.15", "101.325", "0.252", "0.748"});
+  const peqtest::PeqcalcRun r = peqtest::RunPeqcalc({kProject, "eos", "343.15", "101.325", "0.252", "0.748"});
   ASSERT_EQ(r.code, 0) << r.err;
   peq::Session s = Loaded();
   if (!s.Konzept) std::swap(s.GEPar, s.GEParAlt);
@@ -162,14 +116,14 @@ TEST(PeqcalcKernel, EosGivesRootsVolumesAndBothFugacityCoefficients) {
   peq::EOSRoots roots{};
   int16_t nr;
   peq::EOSSolve(343.15, 101.325, 0, m.a, m.b, m.c, m.d, roots, nr, err);
-  const auto ro = ArrayOf(r.out, "roots");
+  const auto ro = peqtest::JsonNumbers(r.out, "roots");
   ASSERT_EQ(ro.size(), 3u);
   for (int k = 1; k <= 3; ++k) EXPECT_EQ(ro[k - 1], roots[k]);
   EXPECT_EQ(NumberOf(r.out, "nroots"), nr);
   const double vL = peq::LiquidRoot(roots), vV = peq::VapourRoot(roots, nr);
   EXPECT_EQ(NumberOf(r.out, "vL"), vL);
   EXPECT_EQ(NumberOf(r.out, "vV"), vV);
-  const auto pl = ArrayOf(r.out, "phiL"), pv = ArrayOf(r.out, "phiV");
+  const auto pl = peqtest::JsonNumbers(r.out, "phiL"), pv = peqtest::JsonNumbers(r.out, "phiV");
   for (int i = 1; i <= 2; ++i) {
     EXPECT_EQ(pl[i - 1], peq::EOSLnPhi(343.15, 101.325, vL, s.EOSModel, m.a, m.b, m.c, m.d, m.da[i], m.db[i], m.dc[i], m.dd[i]));
     EXPECT_EQ(pv[i - 1], peq::EOSLnPhi(343.15, 101.325, vV, s.EOSModel, m.a, m.b, m.c, m.d, m.da[i], m.db[i], m.dc[i], m.dd[i]));
@@ -179,11 +133,11 @@ TEST(PeqcalcKernel, EosGivesRootsVolumesAndBothFugacityCoefficients) {
 
 TEST(PeqcalcKernel, WrongNumberOfFractionsIsRefused) {
   for (const char* c : {"bubble-p", "bubble-t", "dew-p", "dew-t"}) {
-    const Out r = RunCalc({kProject, c, "343.15", "0.3"});
+    const peqtest::PeqcalcRun r = peqtest::RunPeqcalc({kProject, c, "343.15", "0.3"});
     EXPECT_EQ(r.code, 2) << c;
     EXPECT_NE(r.err.find("Execution not possible: "), std::string::npos) << c;
   }
-  EXPECT_EQ(RunCalc({kProject, "eos", "343.15", "100", "0.3"}).code, 2);
-  EXPECT_EQ(RunCalc({kProject, "bubble-p", "abc", "0.3", "0.7"}).code, 64);
-  EXPECT_EQ(RunCalc({kProject, "eos", "343.15"}).code, 64);
+  EXPECT_EQ(peqtest::RunPeqcalc({kProject, "eos", "343.15", "100", "0.3"}).code, 2);
+  EXPECT_EQ(peqtest::RunPeqcalc({kProject, "bubble-p", "abc", "0.3", "0.7"}).code, 64);
+  EXPECT_EQ(peqtest::RunPeqcalc({kProject, "eos", "343.15"}).code, 64);
 }

@@ -25,28 +25,13 @@
 #include "substances/bank.h"
 #include "substances/q07.h"
 #include "support/fuzzy.h"
+#include "support/peqcalc_run.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 
 // ---- running the program ----------------------------------------------------------------
-
-struct RunResult {
-  int code = -1;
-  std::string out, err;
-};
-
-std::string Quote(const std::string& s) {
-  std::string q = "'";
-  for (char c : s) {
-    if (c == '\'')
-      q += "'\\''";
-    else
-      q += c;
-  }
-  return q + "'";
-}
 
 std::string ReadFile(const std::string& path) {
   std::ifstream f(path, std::ios::binary);
@@ -60,35 +45,7 @@ void WriteFile(const std::string& path, const std::string& text) {
   f << text;
 }
 
-std::string Binary() { return peqtest::BinaryDir() + "/peqcalc"; }
 std::string Example(const char* name) { return peqtest::SourceDir() + "/examples/" + name; }
-
-RunResult Peqcalc(const std::vector<std::string>& args) {
-  static std::atomic<int> counter{0};
-  const std::string errFile = (fs::temp_directory_path() /
-                               ("peqcalc_test_err_" + std::to_string(::getpid()) + "_" +
-                                std::to_string(counter++)))
-                                  .string();
-  std::string cmd = Quote(Binary());
-  for (const std::string& a : args) {
-    cmd += ' ';
-    cmd += Quote(a);
-  }
-  cmd += " 2>";
-  cmd += Quote(errFile);
-  RunResult r;
-  FILE* p = ::popen(cmd.c_str(), "r");
-  if (!p) return r;
-  char buf[4096];
-  std::size_t n;
-  while ((n = std::fread(buf, 1, sizeof buf, p)) > 0) r.out.append(buf, n);
-  const int status = ::pclose(p);
-  r.code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-  r.err = ReadFile(errFile);
-  std::error_code ec;
-  fs::remove(errFile, ec);
-  return r;
-}
 
 // ---- a small JSON reader for the checks -------------------------------------------------
 
@@ -308,7 +265,7 @@ std::vector<std::string> ReplaceLine(const std::string& path, std::size_t line, 
 // ---- usage ------------------------------------------------------------------------------
 
 TEST(Peqcalc, HelpDescribesUsageAndCommands) {
-  const RunResult r = Peqcalc({"--help"});
+  const peqtest::PeqcalcRun r = peqtest::RunPeqcalc({"--help"});
   EXPECT_EQ(r.code, 0);
   EXPECT_NE(r.out.find("usage: peqcalc PROJECT.PQC [--bank-dir DIR] COMMAND"), std::string::npos);
   EXPECT_NE(r.out.find("pure T"), std::string::npos);
@@ -332,7 +289,7 @@ TEST(Peqcalc, BadUsageExits64) {
       {ew, "--bank-dir"},
   };
   for (const auto& args : cases) {
-    const RunResult r = Peqcalc(args);
+    const peqtest::PeqcalcRun r = peqtest::RunPeqcalc(args);
     std::string shown;
     for (const auto& a : args) shown += a + " ";
     EXPECT_EQ(r.code, 64) << shown;
@@ -345,7 +302,7 @@ TEST(Peqcalc, BadUsageExits64) {
 
 TEST(Peqcalc, MissingProjectFileIsRefused) {
   TempDir dir;
-  const RunResult r = Peqcalc({dir / "NONE.PQC", "pure", "300"});
+  const peqtest::PeqcalcRun r = peqtest::RunPeqcalc({dir / "NONE.PQC", "pure", "300"});
   EXPECT_EQ(r.code, 2);
   EXPECT_EQ(r.out, "");
   EXPECT_EQ(r.err, "Error: File not found\n");
@@ -354,12 +311,12 @@ TEST(Peqcalc, MissingProjectFileIsRefused) {
 TEST(Peqcalc, FileThatIsNoProjectIsRefusedWithTheErrorText) {
   TempDir dir;
   WriteFile(dir / "EMPTY.PQC", "");
-  RunResult r = Peqcalc({dir / "EMPTY.PQC", "pure", "300"});
+  peqtest::PeqcalcRun r = peqtest::RunPeqcalc({dir / "EMPTY.PQC", "pure", "300"});
   EXPECT_EQ(r.code, 2);
   EXPECT_EQ(r.out, "");
   EXPECT_EQ(r.err, "Error: Input past end of file\n");
   // The bundled database read as a project.
-  r = Peqcalc({peqtest::BinaryDir() + "/PEQBASE.Q07", "pure", "300"});
+  r = peqtest::RunPeqcalc({peqtest::BinaryDir() + "/PEQBASE.Q07", "pure", "300"});
   EXPECT_EQ(r.code, 2);
   EXPECT_EQ(r.out, "");
   EXPECT_FALSE(r.err.empty());
@@ -369,11 +326,11 @@ TEST(Peqcalc, MissingDatabaseIsRefused) {
   TempDir bank, dir, empty;
   const std::string project = MakeProject(bank, dir);
   // The program's directory holds no TEST.Q07, nor does an empty directory.
-  RunResult r = Peqcalc({project, "pure", "300"});
+  peqtest::PeqcalcRun r = peqtest::RunPeqcalc({project, "pure", "300"});
   EXPECT_EQ(r.code, 2);
   EXPECT_EQ(r.out, "");
   EXPECT_EQ(r.err, "Execution not possible: Database of the project TEST.Q07 not found\n");
-  r = Peqcalc({project, "--bank-dir", empty.dir(), "pure", "300"});
+  r = peqtest::RunPeqcalc({project, "--bank-dir", empty.dir(), "pure", "300"});
   EXPECT_EQ(r.code, 2);
   EXPECT_EQ(r.err, "Execution not possible: Database of the project TEST.Q07 not found\n");
 }
@@ -382,7 +339,7 @@ TEST(Peqcalc, ProjectWithoutComponentsIsRefused) {
   TempDir bank, dir;
   const std::string project = MakeProject(bank, dir);
   ReplaceLine(project, 4, "0");
-  const RunResult r = Peqcalc({project, "--bank-dir", bank.dir(), "pure", "300"});
+  const peqtest::PeqcalcRun r = peqtest::RunPeqcalc({project, "--bank-dir", bank.dir(), "pure", "300"});
   EXPECT_EQ(r.code, 2);
   EXPECT_EQ(r.out, "");
   EXPECT_EQ(r.err, "Execution not possible: invalid project file\n");
@@ -392,7 +349,7 @@ TEST(Peqcalc, ComponentMissingFromTheDatabaseIsRefused) {
   TempDir bank, dir;
   const std::string project = MakeProject(bank, dir);
   ReplaceLine(project, 6, "99999-99-9  ");
-  const RunResult r = Peqcalc({project, "--bank-dir", bank.dir(), "pure", "300"});
+  const peqtest::PeqcalcRun r = peqtest::RunPeqcalc({project, "--bank-dir", bank.dir(), "pure", "300"});
   EXPECT_EQ(r.code, 2);
   EXPECT_EQ(r.out, "");
   EXPECT_EQ(r.err, "Execution not possible: Substance 2 not involved in actual database TEST.Q07\n");
@@ -404,7 +361,7 @@ TEST(Peqcalc, UnusableSubstanceIsRefusedWithTheLoadMessage) {
   subs[1].V[6] = subs[1].V[7] = 0;
   for (int k = 36; k <= 40; ++k) subs[1].V[static_cast<std::size_t>(k)] = 0;
   const std::string project = MakeProject(bank, dir, subs);
-  const RunResult r = Peqcalc({project, "--bank-dir", bank.dir(), "pure", "300"});
+  const peqtest::PeqcalcRun r = peqtest::RunPeqcalc({project, "--bank-dir", bank.dir(), "pure", "300"});
   EXPECT_EQ(r.code, 2);
   EXPECT_EQ(r.out, "");
   EXPECT_EQ(r.err,
@@ -421,7 +378,7 @@ TEST(Peqcalc, BankDirOptionFindsTheDatabaseOfTheProject) {
        {std::vector<std::string>{project, "--bank-dir", bank.dir(), "pure", "300"},
         std::vector<std::string>{"--bank-dir", bank.dir(), project, "pure", "300"},
         std::vector<std::string>{project, "--bank-dir=" + bank.dir(), "pure", "300"}}) {
-    const RunResult r = Peqcalc(args);
+    const peqtest::PeqcalcRun r = peqtest::RunPeqcalc(args);
     EXPECT_EQ(r.code, 0) << r.err;
     EXPECT_EQ(r.err, "");
     JValue v;
@@ -432,7 +389,7 @@ TEST(Peqcalc, BankDirOptionFindsTheDatabaseOfTheProject) {
 }
 
 TEST(Peqcalc, PurePrintsOneObjectWithTheFieldsInOrder) {
-  const RunResult r = Peqcalc({Example("ethanol-water.PQC"), "pure", "351.44"});
+  const peqtest::PeqcalcRun r = peqtest::RunPeqcalc({Example("ethanol-water.PQC"), "pure", "351.44"});
   ASSERT_EQ(r.code, 0) << r.err;
   EXPECT_EQ(r.err, "");
   ASSERT_FALSE(r.out.empty());
@@ -463,7 +420,7 @@ TEST(Peqcalc, PureGivesTheNumbersOfTheEngineToTheLastBit) {
     for (double T : {298.15, 351.44, 373.15}) {
       char ts[32];
       std::snprintf(ts, sizeof ts, "%.2f", T);
-      const RunResult r = Peqcalc({Example(file), "pure", ts});
+      const peqtest::PeqcalcRun r = peqtest::RunPeqcalc({Example(file), "pure", ts});
       ASSERT_EQ(r.code, 0) << r.err;
       JValue v;
       ASSERT_TRUE(JParser(r.out).Parse(v)) << r.out;
@@ -497,7 +454,7 @@ TEST(Peqcalc, PureGivesTheNumbersOfTheEngineToTheLastBit) {
 }
 
 TEST(Peqcalc, NumbersCarrySeventeenSignificantDigits) {
-  const RunResult r = Peqcalc({Example("ethanol-water.PQC"), "pure", "351.44"});
+  const peqtest::PeqcalcRun r = peqtest::RunPeqcalc({Example("ethanol-water.PQC"), "pure", "351.44"});
   ASSERT_EQ(r.code, 0) << r.err;
   JValue v;
   ASSERT_TRUE(JParser(r.out).Parse(v)) << r.out;
@@ -521,7 +478,7 @@ TEST(Peqcalc, NumbersCarrySeventeenSignificantDigits) {
 TEST(Peqcalc, VapourPressureOfWaterAtItsBoilingPointIsNear101kPa) {
   // Water at 373.15 K: 101.418 kPa (IAPWS-95, Wagner and Pruss, J. Phys. Chem. Ref. Data 31
   // (2002) 387). The equation of the bundled database must meet it within 0.5 %.
-  const RunResult r = Peqcalc({Example("ethanol-water.PQC"), "pure", "373.15"});
+  const peqtest::PeqcalcRun r = peqtest::RunPeqcalc({Example("ethanol-water.PQC"), "pure", "373.15"});
   ASSERT_EQ(r.code, 0) << r.err;
   JValue v;
   ASSERT_TRUE(JParser(r.out).Parse(v)) << r.out;
@@ -534,8 +491,8 @@ TEST(Peqcalc, VapourPressureOfWaterAtItsBoilingPointIsNear101kPa) {
 }
 
 TEST(Peqcalc, TemperatureInFreeNumberFormat) {
-  const RunResult a = Peqcalc({Example("ethanol-water.PQC"), "pure", "3.5E+2"});
-  const RunResult b = Peqcalc({Example("ethanol-water.PQC"), "pure", "350"});
+  const peqtest::PeqcalcRun a = peqtest::RunPeqcalc({Example("ethanol-water.PQC"), "pure", "3.5E+2"});
+  const peqtest::PeqcalcRun b = peqtest::RunPeqcalc({Example("ethanol-water.PQC"), "pure", "350"});
   ASSERT_EQ(a.code, 0) << a.err;
   EXPECT_EQ(a.out, b.out);
 }
