@@ -43,6 +43,8 @@ void AllocSession(Session& s, int n) {
   s.EOSScratch.Alloc(m);
   s.KernScratch.Alloc(m);
   s.StoffMenge.assign(m, 0);
+  s.FeedN.assign(m, 0);
+  s.Feed.assign(m, 0);
   s.GEPar.assign(kGEParDepth, m, 0);
   s.GEParAlt.assign(kGEParDepth, m, 0);
 }

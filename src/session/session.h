@@ -163,6 +163,29 @@ struct Session {
   // Single-point input.
   double TCalc = 298.15, PCalc = 101.325, EtaVCalc = 0;
   int16_t Rechenart = 1, CalcEinheit1 = 0, CalcEinheit2 = 0;
+  // The state calculation (calculation input and result windows).
+  Vec<float> FeedN;          // amount of each component in the feed, kmol
+  Vec<double> Feed;          // mole fractions of the feed, normalised from FeedN
+  int16_t CalcVorgabe = 2;   // given pair: 0 T and eta(V), 1 p and eta(V), 2 p and T
+  int16_t CalcEinheit = 0;   // feed input: 0 amounts in kmol, 1 masses in kg
+  int16_t CalcArt = 1;       // 1 flash, any other value activity coefficients only
+
+  // Binary diagrams: coordinates of the current diagram in display units, and the mixing gap
+  // found for it.
+  float XMin = 0, XMax = 1, YMin = 0, YMax = 1;
+  bool HatGap = false;    // the last curve calculation found a mixing gap
+  bool GapAktiv = false;  // the current diagram honours the gap
+  // The gap of the current diagram in the pair's orientation: the two liquid compositions x2,
+  // the ordinate values that belong to them (p or T of the three-phase line) and the vapour y.
+  float GapX1 = 0, GapX2 = 0, GapW1 = 0, GapW2 = 0, GapY = 0;
+  // Five-point temperature derivatives of the excess functions: T, step h in K, index of the
+  // target quantity, and the five function values.
+  struct ExcessState {
+    double T = 0;
+    double h = 0.75;
+    int16_t Ziel = 0;
+    std::array<double, 5> f{};
+  } Excess;
 
   // Diagram and design choices kept in projects.
   bool ThieleOption = false;
