@@ -17,7 +17,11 @@ double ExcessGE(Session& s, double T, const Vec<double>& x, int16_t& Err);
 void ExcessT(Session& s, double T, double p, const Vec<double>& x, double& hE, double& TsE, double& gE,
              int16_t& Err);
 
-// cpE by the same five-point formula on hE.
+// cpE by the same five-point formula on hE (ExcessT at T + k h, k = -2..2). In the phi-phi
+// concept the equation of state gives it at p.
+void ExcessCp(Session& s, double T, double p, const Vec<double>& x, double& cpE, int16_t& Err);
+
+// The same at the session's PIso (the pressure matters only in the phi-phi concept).
 void ExcessCp(Session& s, double T, const Vec<double>& x, double& cpE, int16_t& Err);
 
 // Order-th derivative to x2 of x1 ln x1 + x2 ln x2 (x = x2); 0 at x = 0 or 1, outside 0..1 and
@@ -29,7 +33,11 @@ double GMIdeal(int Order, double x);
 // 0 for any other model or x outside 0..1.
 double GMFor(const Session& s, int Order, double x, double P1, double P2, double P3, double P4);
 
-// The pair parameters P1..P4 of GMFor for the pair (K1, K2) at T. err -1 on failure.
+// The pair parameters P1..P4 of GMFor for the pair (K1, K2) at T, from the slots of the pair and
+// their temperature functions: Wilson Lambda12, Lambda21; NRTL tau12, tau21, alpha; Redlich-
+// Kister A, B, C (B with the sign of t = x(K1) - x(K2)), 0; UNIQUAC ln tau21, ln tau12,
+// ln(r(K2)/r(K1)), 0. err -1 on failure or for another model (P then 0). GMFor takes the UNIQUAC
+// q1, q2 of the session's pair (Komp1, Komp2).
 void GMForParams(Session& s, double T, int16_t K1, int16_t K2, double P[4], int16_t& err);
 
 }  // namespace peq

@@ -134,6 +134,13 @@ struct Session {
   Vec<double> XLiq;     // liquid composition of the last dew calculation
   std::array<Vec<double>, 2> CompMat;  // CompMat[col][i]: col 0 liquid, col 1 vapour, for the EOS
   KernelWork KernScratch;
+  // Work arrays of the flashes and the single-point routine (engine/flash, engine/singlecalc):
+  // the feed, the two coefficients D, E of the flash function, a composition, a vapour
+  // composition and vapour fugacity coefficients. Sized on first use for the mixture, so the
+  // rounds of a flash allocate nothing.
+  struct FlashWorkArrays {
+    Vec<double> Z, D, E, X, Y, Phi;
+  } FlashWork;
   // ---- end of the EOS and kernel block ----
 
   // Units and output settings.
@@ -175,6 +182,10 @@ struct Session {
   float XMin = 0, XMax = 1, YMin = 0, YMax = 1;
   bool HatGap = false;    // the last curve calculation found a mixing gap
   bool GapAktiv = false;  // the current diagram honours the gap
+  // Choices of the diagram input window frmTpxInput: draw the real curve over a mixing gap
+  // (chkRealKurve, -1 on, 0 off), and "Draw curve now" (the caller draws the first curve at once).
+  int16_t RealKurve = 0;
+  bool SofortZeichnen = false;
   // The gap of the current diagram in the pair's orientation: the two liquid compositions x2,
   // the ordinate values that belong to them (p or T of the three-phase line) and the vapour y.
   float GapX1 = 0, GapX2 = 0, GapW1 = 0, GapW2 = 0, GapY = 0;
@@ -216,6 +227,8 @@ struct Session {
   std::string ProtokollDatei;   // result record of this session (full path)
   bool ProtokollAktiv = false;  // the record is being kept
   Vec<std::string> ProtokollZeile;  // one row of the record, 1..columns
+  int16_t ProtokollNr = 0;      // lines recorded in the open record file
+  int16_t ProtokollArt = 0;     // kind of its last column head: 1 flash, 2 activity coefficients
 };
 
 // Number of GEPar layers: k runs 1..12, slot 0 unused.
