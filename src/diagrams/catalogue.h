@@ -36,7 +36,15 @@ int16_t KurvenAnzahlVon(const Session& s, int16_t NoDia);
 bool StandardKoordinaten(Session& s, double T, double p, int16_t Komp1, int16_t Komp2, int16_t NoDia,
                          Koordinaten& k);
 
-// The title routine: texts, KurvenAnzahl, IsoArt, and the default coordinates copied into
+// Kind of the fixed quantity of NoDia: 1 isothermal, 2 isobaric, 3 isosteric, 0 for a number of
+// none (the batch and consistency plots keep what they had).
+int16_t IsoArtVon(int16_t NoDia);
+
+// Whether the diagram honours a mixing gap: p-x, T-x, both x-y diagrams and the 0th derivatives
+// of gE and delta(M)g.
+bool GapAktivVon(int16_t NoDia);
+
+// The title routine: texts, KurvenAnzahl, IsoArt, GapAktiv, and the default coordinates copied into
 // XMin, XMax, YMin, YMax of the session. false for an unknown number.
 struct GraphAufbau {
   DiagrammTexte Texte;

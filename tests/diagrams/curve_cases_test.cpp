@@ -1,0 +1,316 @@
+// The curve tracer, case by case: end points, extra points, comments, fail counters, the
+// abscissa unit, the inside test and the run-time error box.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdio>
+#include <string>
+
+#include "diagrams/curve_fixture.h"
+#include "diagrams/curve_run.h"
+#include "diagrams/kurven.h"
+#include "engine/excess.h"
+#include "models/activity.h"
+#include "models/vappressure.h"
+#include "support/fuzzy.h"
+
+using curvetest::Coords;
+using curvetest::Draw;
+using curvetest::Drawn;
+using curvetest::Posted;
+
+TEST(CalcCurveCases, KValuesAtTGetTheExtraPointAtXTwoEqualOne) {
+  peq::Session s = peqtest::BenzeneToluene();
+  s.KurvenPunkte = 10;
+  Coords(s, 0, 1, 0, 10);
+  // Benzene (lower T(cr)) is Komp1: the walk runs 1 -> 0 and the extra point stands at the end.
+  const Drawn d = Draw(s, 5, 363.15, 101.325);
+  ASSERT_GT(d.n1(), 5u);
+  EXPECT_EQ(d.k1.back().x, 1.0f);
+  EXPECT_EQ(d.k1[1].x, 1.0f);
+  // Ideal pair: K(i) = p0(i)/p with p the bubble pressure (the third quantity).
+  std::string c = "ALP";
+  int16_t dT = 0;
+  const double p01 = peq::VapPressure(s, 1, 363.15, c, false, dT);
+  for (std::size_t i = 1; i < d.k1.size(); ++i) EXPECT_REL(d.k1[i].y, p01 / d.k1[i].z, 1e-5);
+  EXPECT_EQ(d.n1(), d.n2());
+  // Not when the visible range ends before 1.
+  // DX = 0.09: the walk from 1 stops at 0.01, and no point at x2 = 1 follows.
+  Coords(s, 0, 0.9f, 0, 10);
+  const Drawn e = Draw(s, 5, 363.15, 101.325);
+  EXPECT_NEAR(e.k1.back().x, 0.01f, 1e-6);
+  EXPECT_EQ(e.n1(), 12u);
+}
+
+TEST(CalcCurveCases, LnF2F1EndsWithThePointAtXMax) {
+  peq::Session s = peqtest::EthanolWater(0);
+  s.KurvenPunkte = 100;
+  Coords(s, 0, 0.95f, -10, 10);
+  const Drawn d = Draw(s, 9, 343.15, 101.325);
+  ASSERT_GT(d.n1(), 10u);
+  EXPECT_EQ(d.k1.back().x, 0.95f);
+  EXPECT_EQ(d.k1[1].x, 0.0f);
+  // ln(f2/f1) at x2 = XMax from the model itself.
+  peq::Vec<double> x = peqtest::Comp({0.05, 0.95}), g(3, 1.0);
+  int16_t err = 0;
+  peq::ActivityCoeffs(s, 343.15, x, g, err);
+  EXPECT_REL(d.k1.back().y, std::log(g[2]) - std::log(g[1]), 1e-5);
+}
+
+TEST(CalcCurveCases, ActivityCoefficientCommentGivesBothLimitingValues) {
+  peq::Session s = peqtest::EthanolWater(0);
+  s.KurvenPunkte = 50;
+  Coords(s, 0, 1, 0, 10);
+  peq::Vec<double> g(3, 1.0);
+  int16_t err = 0;
+  peq::ActivityCoeffs(s, 343.15, peqtest::Comp({1.0, 0.0}), g, err);
+  const double g2 = g[2];
+  peq::ActivityCoeffs(s, 343.15, peqtest::Comp({0.0, 1.0}), g, err);
+  const double g1 = g[1];
+  const Drawn d = Draw(s, 8, 343.15, 101.325);
+  EXPECT_EQ(d.kommentar, "limiting activity coeff. at t/°C = 70.0     f2 = " + peq::FormatZahl(g2, "#####.0##") +
+                             "     f1 = " + peq::FormatZahl(g1, "#####.0##"));
+  const Drawn e = Draw(s, 81, 343.15, 101.325);
+  EXPECT_EQ(e.kommentar, "limiting activity coeff. at t/°C = 70.0     ln(f2) = " +
+                             peq::FormatZahl(std::log(g2), "###.000##") + "     ln(f1) = " +
+                             peq::FormatZahl(std::log(g1), "###.000##"));
+  // Kurve1 carries Komp2, Kurve2 Komp1; the first point at x2 = 0 is gamma2 at infinite dilution.
+  EXPECT_REL(d.k1[1].y, g2, 1e-6);
+  EXPECT_REL(e.k2[1].y, 0.0, 1e-6);
+}
+
+TEST(CalcCurveCases, IsobaricActivityCoefficientsSetIsoArtAndTellThePressure) {
+  peq::Session s = peqtest::EthanolWater(0);
+  s.KurvenPunkte = 50;
+  s.IsoArt = 1;
+  Coords(s, 0, 1, 0, 10);
+  const Drawn d = Draw(s, 83, 343.15, 101.325);
+  EXPECT_EQ(s.IsoArt, 2);
+  EXPECT_EQ(d.kommentar.rfind("limiting activity coeff. at p/kPa = 101.325     ln(f2) = ", 0), 0u) << d.kommentar;
+  // The third quantity is the bubble temperature: between the two boiling points.
+  for (std::size_t i = 1; i < d.k1.size(); ++i) {
+    EXPECT_GT(d.k1[i].z, 350.0f);
+    EXPECT_LT(d.k1[i].z, 374.0f);
+  }
+}
+
+TEST(CalcCurveCases, CpECurveEndsAtXMinWithoutTheDisplayFactor) {
+  peq::Session s = peqtest::EthanolWater(0);
+  s.KurvenPunkte = 60;  // step 1.5/60 = 0.025 from 1: x2 = 0.5 is a point of the walk
+  s.FuFaktor = 2.0f;
+  Coords(s, 0, 1, 1e6f, 2e6f);  // nothing inside but the closing point
+  const Drawn d = Draw(s, 17, 343.15, 101.325);
+  ASSERT_GT(d.n1(), 5u);
+  EXPECT_EQ(d.ausserhalb, 0);
+  EXPECT_EQ(d.k1.back().x, 0.0f);
+  peq::Vec<double> x = peqtest::Comp({1.0, 0.0});
+  double cp = 0;
+  int16_t err = 0;
+  peq::ExcessCp(s, 343.15, x, cp, err);
+  EXPECT_NEAR(d.k1.back().y, cp, 1e-6);
+  // The point at x2 = 0.5 of the walk carries the factor.
+  x = peqtest::Comp({0.5, 0.5});
+  peq::ExcessCp(s, 343.15, x, cp, err);
+  bool seen = false;
+  for (std::size_t i = 1; i + 1 < d.k1.size(); ++i)
+    if (std::fabs(d.k1[i].x - 0.5f) < 1e-6f) {
+      EXPECT_REL(d.k1[i].y, 2.0 * cp, 1e-5);
+      seen = true;
+    }
+  EXPECT_TRUE(seen);
+}
+
+TEST(CalcCurveCases, EnthalpyAndEntropyComeFromOneRoutineTimesTheFactor) {
+  peq::Session s = peqtest::EthanolWater(0);
+  s.KurvenPunkte = 40;
+  s.FuFaktor = 1.0f;
+  Coords(s, 0, 1, -1e5f, 1e5f);
+  const Drawn h = Draw(s, 15, 343.15, 101.325);
+  const Drawn t = Draw(s, 16, 343.15, 101.325);
+  EXPECT_TRUE(s.GapAktiv);
+  ASSERT_EQ(h.n1(), t.n1());
+  peq::Vec<double> x(3, 0.0);
+  for (std::size_t i = 1; i < h.k1.size(); ++i) {
+    x[2] = h.k1[i].x;
+    x[1] = 1.0 - x[2];
+    double hE, TsE, gE;
+    int16_t err = 0;
+    peq::ExcessT(s, 343.15, 101.325, x, hE, TsE, gE, err);
+    EXPECT_NEAR(h.k1[i].y, hE, 1e-3 * std::fabs(hE) + 1e-2);
+    EXPECT_NEAR(t.k1[i].y, TsE, 1e-3 * std::fabs(TsE) + 1e-2);
+  }
+}
+
+TEST(CalcCurveCases, SecondDerivativeOfGEAvoidsThePolesAndSetsGapAktivOnlyForOrderZero) {
+  peq::Session s = peqtest::EthanolWater(0);
+  s.KurvenPunkte = 100;
+  Coords(s, 0, 1, -1e9f, 1e9f);
+  const Drawn d = Draw(s, 112, 343.15, 101.325);
+  EXPECT_FALSE(s.GapAktiv);
+  ASSERT_GT(d.n1(), 10u);
+  EXPECT_FLOAT_EQ(d.k1[1].x, static_cast<float>(1.0 - 1e-8));
+  double P[4];
+  int16_t err = 0;
+  peq::GMForParams(s, 343.15, 1, 2, P, err);
+  const double x = 1.0 - 1e-8;
+  EXPECT_REL(d.k1[1].y, peq::kR * 343.15 * peq::GMFor(s, 2, x, P[0], P[1], P[2], P[3]), 1e-5);
+  // delta(M)g of order 2 adds R T (1/x2 + 1/x1) (hand: at 0.5 the ideal term is 4 R T).
+  s.KurvenPunkte = 150;  // step 0.01 from 1 - 1E-8: x2 = 0.5 - 1E-8 is a point of the walk
+  const Drawn g2 = Draw(s, 112, 343.15, 101.325);
+  const Drawn m = Draw(s, 122, 343.15, 101.325);
+  ASSERT_EQ(m.n1(), g2.n1());
+  int seen = 0;
+  for (std::size_t i = 1; i < m.k1.size(); ++i) {
+    if (std::fabs(m.k1[i].x - 0.5f) < 1e-6f) {
+      EXPECT_REL(m.k1[i].y - g2.k1[i].y, 4 * peq::kR * 343.15, 1e-4);
+      ++seen;
+    }
+  }
+  EXPECT_EQ(seen, 1);
+  Draw(s, 110, 343.15, 101.325);
+  EXPECT_TRUE(s.GapAktiv);
+  Draw(s, 120, 343.15, 101.325);
+  EXPECT_TRUE(s.GapAktiv);
+  Draw(s, 121, 343.15, 101.325);
+  EXPECT_FALSE(s.GapAktiv);
+}
+
+TEST(CalcCurveCases, MassFractionAbscissa) {
+  peq::Session s = peqtest::EthanolWater(0);
+  s.KurvenPunkte = 20;
+  s.ConcUnit = 1;
+  Coords(s, 0, 1, 0, 200);
+  const Drawn d = Draw(s, 1, 343.15, 101.325);
+  // The point at x2 = 0.5 (the 11th of the walk from 1): ksi = 0.5/((M1/M2) 0.5 + 0.5).
+  const double m1 = s.MolMasse[1], m2 = s.MolMasse[2];
+  EXPECT_REL(d.k1[11].x, 0.5 / ((m1 / m2) * 0.5 + 0.5), 1e-6);
+  EXPECT_FLOAT_EQ(d.k1[1].x, 1.0f);
+}
+
+TEST(CalcCurveCases, CurveOutsideTheCoordinatesKeepsAusserhalb) {
+  peq::Session s = peqtest::BenzeneToluene();
+  s.KurvenPunkte = 20;
+  Coords(s, 0, 1, 500, 600);  // far above the bubble pressures of 90 °C
+  const Drawn d = Draw(s, 1, 363.15, 101.325);
+  EXPECT_GT(d.n1(), 10u);
+  EXPECT_EQ(d.ausserhalb, -1);
+  Coords(s, 0, 1, 100, 120);
+  EXPECT_EQ(Draw(s, 1, 363.15, 101.325).ausserhalb, 0);
+}
+
+TEST(CalcCurveCases, RunTimeErrorIsReportedAndTheWalkGoesOn) {
+  peq::Session s = peqtest::BenzeneToluene();
+  s.KurvenPunkte = 10;
+  s.ConcUnit = 1;
+  s.MolMasse[2] = 0;  // the mass fraction divides by M2
+  Coords(s, 0, 1, 0, 200);
+  const Drawn d = Draw(s, 1, 363.15, 101.325);
+  int boxes = 0;
+  for (const peq::Message& m : d.msgs)
+    if (m.title == "Message from Sub CalcCurve") ++boxes;
+  EXPECT_GT(boxes, 5);  // one for every point of the walk: it went on after each
+  EXPECT_EQ(d.n1(), 0u);
+  EXPECT_EQ(d.fehler, 0);
+}
+
+TEST(CalcCurveCases, VapourPressureFailureAtTheStartStopsTheCall) {
+  peq::Session s = peqtest::BenzeneToluene();
+  s.P0Eq[2] = "";  // no equation: no vapour pressure
+  Coords(s, 0, 1, 0, 200);
+  const Drawn d = Draw(s, 1, 363.15, 101.325);
+  EXPECT_EQ(d.fehler, -1);
+  EXPECT_EQ(d.n1(), 0u);
+}
+
+TEST(CalcCurveCases, IsostericCurveRisesWithTAndStopsAtTheCriticalTemperatures) {
+  peq::Session s = peqtest::BenzeneToluene();
+  s.KurvenPunkte = 100;
+  s.TOffsetOut = 0;
+  Coords(s, 300, 700, 0, 5000);
+  const Drawn d = Draw(s, 7, 363.15, 101.325, 0.5f);
+  ASSERT_GT(d.n1(), 50u);
+  EXPECT_EQ(d.k1[1].x, 300.0f);
+  for (std::size_t i = 2; i < d.k1.size(); ++i) {
+    EXPECT_GT(d.k1[i].y, d.k1[i - 1].y);
+    EXPECT_LT(d.k1[i].x, 591.76f);
+    EXPECT_EQ(d.k1[i].z, 0.5f);
+  }
+}
+
+TEST(CalcCurveCases, IsobaricDensitiesWalkFromZeroUnlessPKritOfKomp1IsZero) {
+  peq::Session s = peqtest::BenzeneToluene();
+  s.KurvenPunkte = 50;
+  Coords(s, 0, 1, -10, 1000);
+  s.IsoArt = 2;
+  const Drawn d = Draw(s, 182, 363.15, 101.325);
+  ASSERT_GT(d.n1(), 10u);
+  EXPECT_EQ(d.k1[1].x, 0.0f);
+  EXPECT_NEAR(d.k1[1].x - d.k1[2].x, -0.4 / 50, 1e-6);
+  // Liquid densities of the two aromatics near their boiling points: 700 to 900 kg/m^3; the
+  // vapour about p M/(R T), 2.6 to 3.2 kg/m^3.
+  for (std::size_t i = 1; i < d.k1.size(); ++i) {
+    EXPECT_GT(d.k1[i].y, 700.0f);
+    EXPECT_LT(d.k1[i].y, 900.0f);
+    EXPECT_GT(d.k2[i].y, 2.4f);
+    EXPECT_LT(d.k2[i].y, 3.4f);
+  }
+  EXPECT_EQ(d.k1[0].z, 0.0f);
+}
+
+// The counter of failed points: the limit ends the walk; only the T-x walk resets it on a good
+// point.
+TEST(CalcCurveCases, FailCounterEndsAtItsLimitAndResetsOnlyWhenAsked) {
+  peq::curve::FailCounter plain;  // 5, no reset
+  EXPECT_TRUE(plain.Fail());
+  EXPECT_TRUE(plain.Fail());
+  plain.Good();
+  EXPECT_TRUE(plain.Fail());
+  EXPECT_TRUE(plain.Fail());
+  EXPECT_FALSE(plain.Fail());  // the fifth, good points between notwithstanding
+  EXPECT_TRUE(plain.Reached());
+  peq::curve::FailCounter tx{5, true};
+  for (int k = 0; k < 4; ++k) EXPECT_TRUE(tx.Fail());
+  tx.Good();
+  for (int k = 0; k < 4; ++k) EXPECT_TRUE(tx.Fail());
+  EXPECT_FALSE(tx.Fail());
+  peq::curve::FailCounter isoster{10};
+  for (int k = 0; k < 9; ++k) EXPECT_TRUE(isoster.Fail());
+  EXPECT_FALSE(isoster.Fail());
+}
+
+// Both vapour pressures 2.2E-6 kPa (Antoine with B = 0) and a negative regular-solution term
+// A = -4: p/p0 = x1 exp(-4 x2^2) + x2 exp(-4 x1^2) dips below 1E-6/2.2E-6 = 0.4545 between
+// x2 = 0.36 and 0.64 (hand: 0.4628 at 0.65, 0.4511 at 0.64). The K-value walk from x2 = 1 by
+// 0.01 fails five times (0.64 .. 0.60) and ends there, although the points below 0.36 would be
+// good again; the extra point at x2 = 1 follows.
+TEST(CalcCurveCases, FiveFailsEndTheKValueWalk) {
+  peq::Session s = peqtest::BenzeneToluene();
+  for (int i = 1; i <= 2; ++i) {
+    s.ParALP[i].A = static_cast<float>(std::log10(2.2e-6));
+    s.ParALP[i].B = 0;
+  }
+  s.GEModel = 4;
+  peqtest::SetSlot(s, 1, 1, 2, -4.0);
+  s.KurvenPunkte = 100;
+  Coords(s, 0, 1, 0, 10);
+  const Drawn d = Draw(s, 5, 363.15, 101.325);
+  float lowest = 1;
+  for (std::size_t i = 1; i < d.k1.size(); ++i) lowest = std::fmin(lowest, d.k1[i].x);
+  EXPECT_NEAR(lowest, 0.65f, 1e-5);
+  EXPECT_EQ(d.n1(), 37u);  // 1.00 .. 0.65 and the extra point at 1
+  EXPECT_EQ(d.k1.back().x, 1.0f);
+}
+
+// An isobaric gap search whose boiling temperature fails stops the call with the box of the
+// vapour-pressure equation.
+TEST(CalcCurveCases, FailedBoilingTemperatureOfTheGapSearchIsExecutionNotPossible) {
+  peq::Session s = peqtest::BenzeneToluene();
+  s.P0Eq[2] = "";  // no vapour-pressure equation for toluene
+  s.IsoArt = 2;
+  Coords(s, 0, 1, 0, 200);
+  const Drawn d = Draw(s, 4, 363.15, 101.325);
+  EXPECT_TRUE(Posted(d.msgs, "Execution not possible",
+                     "Error while calculating vapour pressure\nTry to change the vapour pressure equation"));
+  EXPECT_EQ(d.n1(), 0u);
+  EXPECT_EQ(d.n2(), 0u);
+}
