@@ -25,15 +25,20 @@
 #include <QToolBar>
 #include <QVBoxLayout>
 
+#include "ui/calcinputdialog.h"
+#include "ui/calcoutdialog.h"
 #include "ui/cmndlgdialog.h"
 #include "ui/geinputdialog.h"
+#include "ui/graph2dwindow.h"
 #include "ui/kijinputdialog.h"
 #include "ui/optionsdialog.h"
 #include "ui/qtconvert.h"
 #include "ui/stoffwahldialog.h"
 #include "ui/textwindows.h"
 #include "ui/tipdialog.h"
+#include "ui/tpxinputdialog.h"
 #include "ui/vmodelldialog.h"
+#include "windows/protokoll.h"
 
 namespace pequi {
 
@@ -85,6 +90,10 @@ MainWindow::MainWindow(const QString& progDir, const QString& dataDir, QWidget* 
   BuildToolbar();
   RenderCommands();
   resize(1100, 720);
+  // At exit an open result record is closed.
+  frame_.ProtokollSchreiben = [this] { peq::ProtokollBeenden(session_); };
+  // An accepted diagram input opens the 2D diagram (and draws it at once when asked).
+  frame_.DiagrammRechnen = [this] { peq::Graph2DRechnen(frame_, frame_.Graph2D); };
 }
 
 MainWindow::~MainWindow() {
@@ -377,6 +386,10 @@ bool MainWindow::Provides(WindowId id) {
     case WindowId::frmCmnDlg:
     case WindowId::frmUnifInkr:
     case WindowId::frmHelp:
+    case WindowId::frmTpxInput:
+    case WindowId::frmGraph2D:
+    case WindowId::frmCalcInput:
+    case WindowId::frmCalcOut:
       return true;
     default:
       return false;
@@ -428,6 +441,9 @@ void MainWindow::ShowWindow(WindowId id) {
     case WindowId::frmKijInput: w = new KijInputDialog(frame_, this); break;
     case WindowId::frmOptions: w = new OptionsDialog(frame_, this); break;
     case WindowId::frmTip: w = new TipDialog(frame_, this); break;
+    case WindowId::frmGraph2D: w = new Graph2DWindow(frame_, frame_.Graph2D, this); break;
+    case WindowId::frmCalcInput: w = new CalcInputDialog(frame_, this); break;
+    case WindowId::frmCalcOut: w = new CalcOutDialog(frame_, this); break;
     case WindowId::frmUnifInkr:
       w = AddMdiChild(new TextWindow(Q(frame_.UnifInkr.Text)), Q(frame_.UnifInkr.Caption));
       break;
@@ -449,6 +465,13 @@ void MainWindow::ShowWindow(WindowId id) {
 }
 
 bool MainWindow::RunModal(WindowId id) {
+  if (id == WindowId::frmTpxInput) {
+    TpxInputDialog d(frame_, this);
+    windows_[Slot(id)] = &d;
+    const bool ok = d.exec() == QDialog::Accepted;
+    windows_[Slot(id)] = nullptr;
+    return ok;
+  }
   if (id != WindowId::frmCmnDlg) return false;
   CmnDlgDialog d(frame_, this);
   windows_[Slot(id)] = &d;

@@ -676,6 +676,7 @@ void mdiPEQ::graf_Click(CmdId id) {
   const CommandDef* def = FindCommand(id);
   if (!def || def->kind != CmdKind::Command) return;  // graf(12), graf(13): submenus only
   s.NoDia = def->noDia;
+  DestillAktiv = false;  // a diagram of its own, not the column of a distillation
   s.DiagMitExp = DiagMitExpOf(def->noDia);
   s.IsoArt = IsoArtOf(def->noDia);
   const bool ok = RunModal(WindowId::frmTpxInput);

@@ -17,6 +17,7 @@
 #include "windows/commands.h"
 #include "windows/gating.h"
 #include "windows/geinput.h"
+#include "windows/graph2d.h"
 #include "windows/kijinput.h"
 #include "windows/options.h"
 #include "windows/stoffwahl.h"
@@ -97,6 +98,7 @@ class mdiPEQ {
   frmTip Tip;
   frmCmnDlg CmnDlg;
   frmUnifInkr UnifInkr;
+  frmGraph2D Graph2D;
 
   // Hooks of parts the frame hands over to (diagram calculation, result record, experimental
   // points). Empty: the frame goes on without them.

@@ -1,0 +1,284 @@
+#include "windows/graph2d.h"
+
+#include <cstdio>
+#include <exception>
+
+#include "session/numeric.h"
+#include "windows/shell.h"
+
+namespace peq {
+
+std::string FormatAllgemein(double v) {
+  if (v == 0) return "0";
+  char buf[40];
+  std::snprintf(buf, sizeof buf, "%.15G", v);
+  std::string t(buf);
+  if (t.find('E') == std::string::npos && t.find('.') != std::string::npos) {
+    while (t.back() == '0') t.pop_back();
+    if (t.back() == '.') t.pop_back();
+  }
+  return t;
+}
+
+std::string TauschCaption(int16_t Komp1, int16_t Komp2) {
+  return std::to_string(Komp1) + " - " + std::to_string(Komp2);
+}
+
+KurvenText LegendeUndLabel(int16_t NoDia, int k, double T, double p, float x2, int16_t Komp1, int16_t Komp2) {
+  KurvenText t;
+  const bool erste = k == 1;
+  switch (NoDia) {
+    case 1:
+      t.Legende = FormatAllgemein(T) + " K " + (erste ? " LV" : " VL");
+      t.Label = erste ? "LV" : "VL";
+      t.LabelSetzen = true;
+      break;
+    case 4:
+      t.Legende = FormatAllgemein(p) + " kPa " + (erste ? " LV" : " VL");
+      t.Label = erste ? "LV" : "VL";
+      t.LabelSetzen = true;
+      break;
+    case 41:
+      t.Legende = "binodal curve";
+      t.Label.clear();
+      t.LabelSetzen = true;
+      break;
+    case 5:
+    case 51:
+      // Kurve1 carries K of Komp1, Kurve2 K of Komp2.
+      t.Label = std::to_string(erste ? Komp1 : Komp2);
+      t.Legende = "K" + t.Label;
+      t.LabelSetzen = true;
+      break;
+    case 181:
+    case 182:
+      // Liquid and vapour density: the fixed T or p is added by the caller.
+      t.Legende = erste ? "rhoL" : "rhoV";
+      break;
+    case 7:
+    case 183:
+      t.Legende = "x2 =" + FormatAllgemein(x2);
+      break;
+    case 8:
+    case 82:
+      // Kurve1 carries the value of Komp2, Kurve2 that of Komp1.
+      t.Legende = "f" + std::to_string(erste ? Komp2 : Komp1);
+      break;
+    case 81:
+    case 83:
+      t.Legende = "ln(f" + std::to_string(erste ? Komp2 : Komp1) + ")";
+      break;
+    default:
+      break;
+  }
+  return t;
+}
+
+void frmGraph2D::KoordinatenInSession(Session& s) const {
+  s.XMin = Doc.Bereich.XMin;
+  s.XMax = Doc.Bereich.XMax;
+  s.YMin = Doc.Bereich.YMin;
+  s.YMax = Doc.Bereich.YMax;
+}
+
+void frmGraph2D::Form_Load(mdiPEQ& f, const GraphAufbau& g) {
+  const Session& s = f.s;
+  LoescheAlles(Doc);
+  Doc.XLog = Doc.YLog = false;
+  Doc.NoDia = s.NoDia;
+  Doc.KurvenAnzahl = g.KurvenAnzahl;
+  Doc.T = s.TIso;
+  Doc.p = s.PIso;
+  Doc.x2 = static_cast<float>(s.XIso);
+  Doc.Titel = g.Texte.Titel;
+  Doc.XTitel = g.Texte.XAchse;
+  Doc.YTitel = g.Texte.YAchse;
+  SetzeKoordinaten(Doc, Achsenbereich{s.XMin, s.XMax, s.YMin, s.YMax});
+  Caption = kGraph2DCaption;
+  cmdTauschCaption = TauschCaption(s.Komp1, s.Komp2);
+  cmdTauschEnabled = TauschErlaubt(s.NoDia);
+  Status.clear();
+  Kommentar.clear();
+  LetzterFehler = 0;
+  AnzGezeichnet = 0;
+}
+
+void frmGraph2D::Titel(mdiPEQ& f) {
+  DiagrammTexte t;
+  if (!DiagrammTitel(f.s, Doc.NoDia, t)) return;
+  Doc.Titel = t.Titel;
+  Doc.XTitel = t.XAchse;
+  Doc.YTitel = t.YAchse;
+}
+
+void frmGraph2D::cmdDraw_Click(mdiPEQ& f) {
+  Session& s = f.s;
+  AnzGezeichnet = 0;
+  KoordinatenInSession(s);
+  Doc.T = s.TIso;
+  Doc.p = s.PIso;
+  Doc.x2 = static_cast<float>(s.XIso);
+
+  // Working arrays of the call.
+  Vec<double> x(static_cast<std::size_t>(s.NKomp) + 1, 0.0);
+  Kurve k1, k2;
+  int16_t NoDia = Doc.NoDia;
+  int16_t Komp1 = s.Komp1, Komp2 = s.Komp2;
+  int16_t Ausserhalb = 0, Fehler = 0;
+  float GapX1 = 0, GapW1 = 0, GapX2 = 0, GapW2 = 0, GapY = 0;
+  const float TOben = static_cast<float>(s.YMax + s.TOffsetOut);
+  std::string kommentar;
+  MsgSink sink;
+  try {
+    CalcCurve(s, NoDia, Doc.T, Doc.p, Doc.x2, k1, k2, x, s.P0, Komp1, Komp2, Ausserhalb, s.RealKurve, TOben, GapX1,
+              GapW1, GapX2, GapW2, GapY, kommentar, Fehler, &sink);
+  } catch (const std::exception& e) {
+    // A run-time error of the tracer is told, and the drawing goes on with what there is.
+    sink.push_back(Message{kMsgSubCalcCurve, e.what(), MsgIcon::Warning});
+  }
+  ShowMessages(f.ui, sink);
+  LetzterFehler = Fehler;
+  Kommentar = kommentar;
+  ++s.DiagrammZaehler;
+
+  if (Fehler == -1) {
+    std::string text = kKritischerFehler;
+    if (!kommentar.empty()) text += std::string(kNL) + kommentar;
+    f.ui.MsgBox(kAbgebrochenTitel, text, MsgIcon::Stop);
+    return;
+  }
+  if (Fehler == 3) {
+    f.ui.MsgBox(kKeineDichteTitel, kKeineDichteText, MsgIcon::Stop);
+    return;
+  }
+  if (Fehler == 2) f.ui.MsgBox("Note", kSchmelzText, MsgIcon::Information);
+  if (Ausserhalb) f.ui.MsgBox(kTitelWarnung, kAusserhalbText, MsgIcon::Warning);
+
+  const int anzahl = Doc.KurvenAnzahl >= 2 ? 2 : 1;
+  for (int k = 1; k <= anzahl; ++k) {
+    const Kurve& kurve = k == 1 ? k1 : k2;
+    if (kurve.empty() || kurve[0].x < 1) continue;
+    if (Doc.NoDia == 41 && k == 1 && Doc.BinodalSlot != 0) LoescheKurve(Doc, Doc.BinodalSlot);
+    int16_t slot = 0;
+    bool voll = false;
+    MsgSink warn;
+    DrawCurve(Doc, kurve, slot, voll, &warn);
+    ShowMessages(f.ui, warn);
+    if (voll) break;
+    const KurvenText t = LegendeUndLabel(Doc.NoDia, k, Doc.T, Doc.p, Doc.x2, s.Komp1, s.Komp2);
+    Serie& ser = Doc.Serien[static_cast<std::size_t>(slot)];
+    const std::string fest = s.IsoArt == 2 ? FormatAllgemein(Doc.p) + " kPa" : FormatAllgemein(Doc.T) + " K";
+    if (Doc.NoDia == 181 || Doc.NoDia == 182)
+      ser.Legende = fest + "  " + t.Legende;
+    else
+      ser.Legende = t.Legende.empty() ? fest : t.Legende;
+    if (t.LabelSetzen) {
+      ser.Label = t.Label;
+      if (t.Label.empty()) ser.LabelPunkt = 0;
+    }
+    if (Doc.NoDia == 41) Doc.BinodalSlot = slot;
+    ++AnzGezeichnet;
+  }
+}
+
+void frmGraph2D::cmdTausch_Click(mdiPEQ& f) {
+  Session& s = f.s;
+  if (!TauschErlaubt(Doc.NoDia)) return;
+  s.Komp1 = static_cast<int16_t>(3 - s.Komp1);
+  s.Komp2 = static_cast<int16_t>(3 - s.Komp1);
+  cmdTauschCaption = TauschCaption(s.Komp1, s.Komp2);
+  Titel(f);
+  TauscheKomponenten(Doc);
+}
+
+bool frmGraph2D::cmdCoord_OK(mdiPEQ& f, const Achsenbereich& b, std::string& Meldung) {
+  if (!SchreibeKoordinaten(Doc, b, Meldung)) return false;
+  KoordinatenInSession(f.s);
+  return true;
+}
+
+void frmGraph2D::cmdXLog_Click(mdiPEQ& f) {
+  ToggleXLog(Doc);
+  KoordinatenInSession(f.s);
+}
+
+void frmGraph2D::cmdYLog_Click(mdiPEQ& f) {
+  ToggleYLog(Doc);
+  KoordinatenInSession(f.s);
+}
+
+bool frmGraph2D::cmdZoom(mdiPEQ& f, float x1, float y1, float x2, float y2) {
+  if (!Zoom(Doc, x1, y1, x2, y2)) return false;
+  KoordinatenInSession(f.s);
+  return true;
+}
+
+void frmGraph2D::cmdZoomReset(mdiPEQ& f) {
+  ZoomZurueck(Doc);
+  KoordinatenInSession(f.s);
+}
+
+void frmGraph2D::mnuSubDelKurv_Click(mdiPEQ&, int slot) {
+  LoescheKurve(Doc, slot);
+  Status.clear();
+}
+
+void frmGraph2D::cmdDelKurv_Click(mdiPEQ&) {
+  LoescheAlleKurven(Doc);
+  Status.clear();
+}
+
+void frmGraph2D::mnuDelTotal_Click(mdiPEQ&) {
+  LoescheAlles(Doc);
+  Status.clear();
+}
+
+void frmGraph2D::Chart_MouseMove(int serie, int punkt) {
+  std::string t = PunktText(Doc, serie, punkt);
+  if (t.empty()) return;
+  const std::string z = ZustandText(Doc, serie, punkt);
+  if (!z.empty()) t += "   " + z;
+  Status = t;
+}
+
+void frmGraph2D::Chart_Click(mdiPEQ&, int serie, int punkt) {
+  Chart_MouseMove(serie, punkt);
+  if (serie >= 1 && serie <= kMaxKurven && !HinweisGezeigt && !Doc.KurveFrei[static_cast<std::size_t>(serie)]) {
+    HinweisGezeigt = true;
+    Status += std::string(kNL) + kHinweisRechtsklick;
+  }
+}
+
+bool frmGraph2D::cmdMsgDelPoint(mdiPEQ& f, int serie, int punkt) {
+  if (PunktText(Doc, serie, punkt).empty()) return false;
+  if (f.ui.MsgBox(kPunktLoeschenTitel, kPunktLoeschenFrage, MsgIcon::Question, Buttons::YesNo) != Answer::Yes)
+    return false;
+  return LoeschePunkt(Doc, serie, punkt);
+}
+
+bool frmGraph2D::Chart_RightClick(int serie) {
+  return serie >= 1 && serie <= kSerienAnz && Doc.Serien[static_cast<std::size_t>(serie)].Punkte() > 0;
+}
+
+bool frmGraph2D::cmdClipboard_Click(mdiPEQ& f, int slot) {
+  if (slot < 1 || slot > kSerienAnz) return false;
+  const Serie& ser = Doc.Serien[static_cast<std::size_t>(slot)];
+  if (ser.Punkte() == 0) return false;
+  f.ui.SetClipboard(KurveAlsText(ser));
+  return true;
+}
+
+void Graph2DRechnen(mdiPEQ& f, frmGraph2D& g) {
+  const bool sofortZeichnen = f.s.SofortZeichnen;
+  f.s.SofortZeichnen = false;
+  GraphAufbau a;
+  if (!ZentraleGraph(f.s, f.s.NoDia, a)) return;
+  g.Form_Load(f, a);
+  f.Show(WindowId::frmGraph2D);
+  if (sofortZeichnen && f.IsLoaded(WindowId::frmGraph2D)) {
+    g.cmdDraw_Click(f);
+    f.ui.Refresh(WindowId::frmGraph2D);
+  }
+}
+
+}  // namespace peq

@@ -1,0 +1,96 @@
+// frmGraph2D: the window of one binary 2D diagram. It holds the document (diagrams/document.h)
+// and carries the commands on it: draw a curve set with the curve tracer, exchange the
+// components, coordinates, logarithmic axes, zoom, delete, the point read-out and the export of
+// one curve as text. The window layer renders the document and forwards the user's actions.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "diagrams/catalogue.h"
+#include "diagrams/curve.h"
+#include "diagrams/document.h"
+#include "session/session.h"
+
+namespace peq {
+
+class mdiPEQ;
+
+inline constexpr const char* kGraph2DCaption = "Diagram 2D";
+inline constexpr const char* kCmdDrawCaption = "Draw curve";
+inline constexpr const char* kAusserhalbText = "Curve outside the actual coordinates\n\nEnlarge the coordinates";
+inline constexpr const char* kAbgebrochenTitel = "Aborted";
+inline constexpr const char* kKritischerFehler = "Critical error occured:";
+inline constexpr const char* kSchmelzText = "Aborted at T < melting-T";
+inline constexpr const char* kKeineDichteText = "No critical density available";
+inline constexpr const char* kKeineDichteTitel = "NO DIAGRAM POSSIBLE";
+inline constexpr const char* kMsgSubCalcCurve = "Message from Sub CalcCurve";
+inline constexpr const char* kPunktLoeschenFrage = " Really delete?";
+inline constexpr const char* kPunktLoeschenTitel = "Delete a Curve Point";
+
+// Legend text and chart label of the curve k (1 or 2) of one drawing of NoDia at T (K), p (kPa)
+// and x2, for the pair Komp1, Komp2. Label empty: the numeric label of the slot stays.
+struct KurvenText {
+  std::string Legende;
+  std::string Label;
+  bool LabelSetzen = false;  // the label replaces the numeric one
+};
+KurvenText LegendeUndLabel(int16_t NoDia, int k, double T, double p, float x2, int16_t Komp1, int16_t Komp2);
+
+// The number as the legend shows a temperature or pressure (shortest form, up to 15 digits).
+std::string FormatAllgemein(double v);
+
+// "1 - 2" or "2 - 1": the order of the components on the exchange button.
+std::string TauschCaption(int16_t Komp1, int16_t Komp2);
+
+struct frmGraph2D {
+  Graph2DDoc Doc;
+  std::string Caption;
+  std::string cmdTauschCaption;
+  bool cmdTauschEnabled = true;
+  std::string Status;     // the read-out line of the window
+  std::string Kommentar;  // of the last drawing; shown in the main window's status line
+  bool HinweisGezeigt = false;
+  int16_t LetzterFehler = 0;  // Fehler of the last CalcCurve call
+  int AnzGezeichnet = 0;      // curves drawn by the last cmdDraw
+
+  // Form_Load: the chart from NoDia, the titles of the catalogue and the coordinates of the
+  // session (set by the title routine).
+  void Form_Load(mdiPEQ& f, const GraphAufbau& g);
+  // The titles again (after an exchange of the components or a change of units).
+  void Titel(mdiPEQ& f);
+
+  // cmdDraw: one curve set at the session's T, p and x2.
+  void cmdDraw_Click(mdiPEQ& f);
+  void cmdTausch_Click(mdiPEQ& f);
+  // Coordinates dialog: false with the refusal text in Meldung.
+  bool cmdCoord_OK(mdiPEQ& f, const Achsenbereich& b, std::string& Meldung);
+  void cmdXLog_Click(mdiPEQ& f);
+  void cmdYLog_Click(mdiPEQ& f);
+  bool cmdZoom(mdiPEQ& f, float x1, float y1, float x2, float y2);
+  void cmdZoomReset(mdiPEQ& f);
+  void mnuSubDelKurv_Click(mdiPEQ& f, int slot);
+  void cmdDelKurv_Click(mdiPEQ& f);  // every curve
+  void mnuDelTotal_Click(mdiPEQ& f);  // curves, markers and experimental points
+
+  // Mouse over or click on point punkt of series serie: the read-out in Status. A click on a
+  // curve also shows the hint about the right click, once.
+  void Chart_MouseMove(int serie, int punkt);
+  void Chart_Click(mdiPEQ& f, int serie, int punkt);
+  // cmdMsgDelPoint: asks " Really delete?" and hides the point when the answer is Yes.
+  bool cmdMsgDelPoint(mdiPEQ& f, int serie, int punkt);
+  // Right click on a curve: true when the curve design opens for it.
+  bool Chart_RightClick(int serie);
+  // cmdClipboard: one curve (slot) to the clipboard as text. false when the slot is empty.
+  bool cmdClipboard_Click(mdiPEQ& f, int slot);
+
+ private:
+  void KoordinatenInSession(Session& s) const;
+};
+
+// The diagram calculation the frame calls after a diagram's T/p input was accepted: the title
+// routine, frmGraph2D opened on it, and drawn at once when the input window was left with
+// "Draw curve now" (SofortZeichnen, cleared here).
+void Graph2DRechnen(mdiPEQ& f, frmGraph2D& g);
+
+}  // namespace peq
