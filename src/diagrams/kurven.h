@@ -4,19 +4,12 @@
 
 #include <cstdint>
 #include <string>
-#include <string_view>
 
 #include "session/message.h"
+#include "session/numformat.h"
 #include "session/session.h"
 
 namespace peq {
-
-// A number in a display pattern of '#' and '0' placeholders with one optional '.', as the
-// old format function writes it: "####.00", "#.0######", "0.0000". '0' forces a digit, '#'
-// shows one only when it carries one (so 0.5 in "####.00" reads ".50"); the value is rounded
-// half away from zero to the number of decimal places; the integer part grows as needed; a
-// negative value gets a leading "-". A non-finite value gives "".
-std::string FormatZahl(double v, std::string_view pattern);
 
 // Vapour pressure of the pure components of the pair at T (K) (the equation of state in the
 // phi-phi concept, the vapour-pressure equation otherwise) for those with T below their T(cr):

@@ -13,6 +13,7 @@
 #include "models/pureprops.h"
 #include "session/codepage.h"
 #include "session/numeric.h"
+#include "session/numformat.h"
 #include "windows/protokoll.h"
 #include "windows/shell.h"
 
@@ -39,13 +40,8 @@ constexpr int kDateiKurz = 48;
 // ---- number patterns ----
 
 std::string FormatBruch(double v, bool dezKomma) {
-  if (!std::isfinite(v)) return std::string();
   if (v == 1.0) return Komma("1.000000", dezKomma);
-  char t[64];
-  std::snprintf(t, sizeof t, "%.7f", v);
-  std::string r = t;
-  if (r == "-0.0000000") r = "0.0000000";
-  return Komma(r, dezKomma);
+  return Komma(FormatZahl(v, "0.0000000"), dezKomma);
 }
 
 std::string FormatMenge(double v, bool dezKomma) {
@@ -63,18 +59,7 @@ std::string FormatMenge(double v, bool dezKomma) {
   return Komma(std::string(v < 0 ? "-" : "") + "." + ziffern + x, dezKomma);
 }
 
-std::string FormatGamma(double v, bool dezKomma) {
-  if (!std::isfinite(v)) return std::string();
-  char t[64];
-  std::snprintf(t, sizeof t, "%.3f", v);
-  std::string r = t;
-  if (r.rfind("0.", 0) == 0)
-    r.erase(0, 1);
-  else if (r.rfind("-0.", 0) == 0)
-    r.erase(1, 1);
-  if (r == "-.000") r = ".000";
-  return Komma(r, dezKomma);
-}
+std::string FormatGamma(double v, bool dezKomma) { return Komma(FormatZahl(v, "#####.000"), dezKomma); }
 
 std::string FormatFest(double v, int decimals, bool dezKomma) {
   if (!std::isfinite(v)) return std::string();
