@@ -125,13 +125,13 @@ void frmGraph2D::cmdDraw_Click(mdiPEQ& f) {
   int16_t NoDia = Doc.NoDia;
   int16_t Komp1 = s.Komp1, Komp2 = s.Komp2;
   int16_t Ausserhalb = 0, Fehler = 0;
-  float GapX1 = 0, GapW1 = 0, GapX2 = 0, GapW2 = 0, GapY = 0;
   const float TOben = static_cast<float>(s.YMax + s.TOffsetOut);
   std::string kommentar;
   MsgSink sink;
   try {
-    CalcCurve(s, NoDia, Doc.T, Doc.p, Doc.x2, k1, k2, x, s.P0, Komp1, Komp2, Ausserhalb, s.RealKurve, TOben, GapX1,
-              GapW1, GapX2, GapW2, GapY, kommentar, Fehler, &sink);
+    // The gap of the drawing stays in the session, where the single-point routine finds it.
+    CalcCurve(s, NoDia, Doc.T, Doc.p, Doc.x2, k1, k2, x, s.P0, Komp1, Komp2, Ausserhalb, s.RealKurve, TOben,
+              s.GapX1, s.GapW1, s.GapX2, s.GapW2, s.GapY, kommentar, Fehler, &sink);
   } catch (const std::exception& e) {
     // A run-time error of the tracer is told, and the drawing goes on with what there is.
     sink.push_back(Message{kMsgSubCalcCurve, e.what(), MsgIcon::Warning});
