@@ -291,10 +291,10 @@ void GMForParams(Session& s, double T, int16_t K1, int16_t K2, double P[4], int1
           const double va = fix ? s.VLiqCm3[static_cast<std::size_t>(a)] : s.VLiq[static_cast<std::size_t>(a)];
           const double vb = fix ? s.VLiqCm3[static_cast<std::size_t>(b)] : s.VLiq[static_cast<std::size_t>(b)];
           const double div = UnitDivisor(s.ParUnitWilson, T);
-          const double par12 = ParPoly(GESlot(s, 1, a, b), GESlot(s, 2, a, b), GESlot(s, 3, a, b), T);
-          const double par21 = ParPoly(GESlot(s, 4, a, b), GESlot(s, 5, a, b), GESlot(s, 6, a, b), T);
-          p12 = chk::Div(vb, va) * chk::Exp(-chk::Div(par12, div));
-          p21 = chk::Div(va, vb) * chk::Exp(-chk::Div(par21, div));
+          double e12, e21;
+          PairTerms(s, a, b, T, div, e12, e21);
+          p12 = chk::Div(vb, va) * chk::Exp(-e12);
+          p21 = chk::Div(va, vb) * chk::Exp(-e21);
         }
         P[0] = swapped ? p21 : p12;  // Lambda12 of the pair (K1, K2)
         P[1] = swapped ? p12 : p21;  // Lambda21
@@ -302,8 +302,7 @@ void GMForParams(Session& s, double T, int16_t K1, int16_t K2, double P[4], int1
       }
       case 2: {
         const double div = UnitDivisor(s.ParUnitNRTL, T);
-        p12 = chk::Div(ParPoly(GESlot(s, 1, a, b), GESlot(s, 2, a, b), GESlot(s, 3, a, b), T), div);
-        p21 = chk::Div(ParPoly(GESlot(s, 4, a, b), GESlot(s, 5, a, b), GESlot(s, 6, a, b), T), div);
+        PairTerms(s, a, b, T, div, p12, p21);
         P[0] = swapped ? p21 : p12;  // tau12
         P[1] = swapped ? p12 : p21;  // tau21
         P[2] = ParPoly(GESlot(s, 7, a, b), GESlot(s, 8, a, b), GESlot(s, 9, a, b), T);
@@ -324,8 +323,9 @@ void GMForParams(Session& s, double T, int16_t K1, int16_t K2, double P[4], int1
       case 9: {
         const double div = UnitDivisor(s.ParUnitUNIQUAC, T);
         // ln tau(a,b) = -par12/(R T), ln tau(b,a) = -par21/(R T)
-        p12 = -chk::Div(ParPoly(GESlot(s, 1, a, b), GESlot(s, 2, a, b), GESlot(s, 3, a, b), T), div);
-        p21 = -chk::Div(ParPoly(GESlot(s, 4, a, b), GESlot(s, 5, a, b), GESlot(s, 6, a, b), T), div);
+        PairTerms(s, a, b, T, div, p12, p21);
+        p12 = -p12;
+        p21 = -p21;
         const double lnTau12 = swapped ? p21 : p12, lnTau21 = swapped ? p12 : p21;
         P[0] = lnTau21;
         P[1] = lnTau12;

@@ -53,6 +53,13 @@ inline double UnitDivisor(int16_t code, double T) {
   }
 }
 
+// The two interaction terms of the pair (i < j) at T, made dimensionless: Par(T) of the slots
+// 1..3 for (i, j) and 4..6 for (j, i), each divided by the divisor of the model's unit.
+inline void PairTerms(const Session& s, int i, int j, double T, double div, double& e12, double& e21) {
+  e12 = chk::Div(ParPoly(GESlot(s, 1, i, j), GESlot(s, 2, i, j), GESlot(s, 3, i, j), T), div);
+  e21 = chk::Div(ParPoly(GESlot(s, 4, i, j), GESlot(s, 5, i, j), GESlot(s, 6, i, j), T), div);
+}
+
 // Sizes the scratch of the parameter models for NKomp components (allocates only when the
 // number of components changed).
 inline void SizeGEWork(Session& s) {

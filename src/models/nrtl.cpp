@@ -18,11 +18,8 @@ void Compute(Session& s, double T, const Vec<double>& x, Vec<double>& gamma, int
   const double div = UnitDivisor(s.ParUnitNRTL, T);
   for (int i = 1; i < n; ++i)
     for (int j = i + 1; j <= n; ++j) {
-      const double par12 = ParPoly(GESlot(s, 1, i, j), GESlot(s, 2, i, j), GESlot(s, 3, i, j), T);
-      const double par21 = ParPoly(GESlot(s, 4, i, j), GESlot(s, 5, i, j), GESlot(s, 6, i, j), T);
+      PairTerms(s, i, j, T, div, tau(i, j), tau(j, i));
       const double alpha = ParPoly(GESlot(s, 7, i, j), GESlot(s, 8, i, j), GESlot(s, 9, i, j), T);
-      tau(i, j) = chk::Div(par12, div);
-      tau(j, i) = chk::Div(par21, div);
       G(i, j) = chk::Exp(-alpha * tau(i, j));
       G(j, i) = chk::Exp(-alpha * tau(j, i));
     }

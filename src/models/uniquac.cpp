@@ -20,10 +20,10 @@ void Compute(Session& s, double T, const Vec<double>& x, Vec<double>& gamma, int
   const double div = UnitDivisor(s.ParUnitUNIQUAC, T);
   for (int i = 1; i < n; ++i)
     for (int j = i + 1; j <= n; ++j) {
-      const double par12 = ParPoly(GESlot(s, 1, i, j), GESlot(s, 2, i, j), GESlot(s, 3, i, j), T);
-      const double par21 = ParPoly(GESlot(s, 4, i, j), GESlot(s, 5, i, j), GESlot(s, 6, i, j), T);
-      tau(i, j) = chk::Exp(-chk::Div(par12, div));
-      tau(j, i) = chk::Exp(-chk::Div(par21, div));
+      double e12, e21;
+      PairTerms(s, i, j, T, div, e12, e21);
+      tau(i, j) = chk::Exp(-e12);
+      tau(j, i) = chk::Exp(-e21);
     }
   for (int i = 1; i <= n; ++i) tau(i, i) = 1.0;
 

@@ -29,10 +29,10 @@ void Compute(Session& s, double T, const Vec<double>& x, Vec<double>& gamma, int
     const double div = UnitDivisor(s.ParUnitWilson, T);
     for (int i = 1; i < n; ++i)
       for (int j = i + 1; j <= n; ++j) {
-        const double par12 = ParPoly(GESlot(s, 1, i, j), GESlot(s, 2, i, j), GESlot(s, 3, i, j), T);
-        const double par21 = ParPoly(GESlot(s, 4, i, j), GESlot(s, 5, i, j), GESlot(s, 6, i, j), T);
-        lam(i, j) = chk::Div(v[j], v[i]) * chk::Exp(-chk::Div(par12, div));
-        lam(j, i) = chk::Div(v[i], v[j]) * chk::Exp(-chk::Div(par21, div));
+        double e12, e21;
+        PairTerms(s, i, j, T, div, e12, e21);
+        lam(i, j) = chk::Div(v[j], v[i]) * chk::Exp(-e12);
+        lam(j, i) = chk::Div(v[i], v[j]) * chk::Exp(-e21);
       }
   }
   for (int i = 1; i <= n; ++i) lam(i, i) = 1.0;
