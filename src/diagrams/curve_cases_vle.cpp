@@ -39,12 +39,7 @@ bool GapJump(const Run& r) { return r.Real && r.s.HatGap; }
 // Pure vapour pressure of component i at T: the equation of state under phi-phi, the
 // vapour-pressure equation (the P0 of the start) otherwise.
 double PureP(Run& r, int16_t i) {
-  if (!r.s.Konzept) return r.P0[static_cast<std::size_t>(i)];
-  double a, b, c, d;
-  EOSPureAtOne(r.s, i, r.T, a, b, c, d);
-  EOSSatOut out;
-  if (EOSPureSatP(r.s, i, r.T, 0.0, a, b, c, d, out) != 0) return 0.0;
-  return out.p;
+  return r.s.Konzept ? ReinDampfdruck(r.s, i, r.T) : r.P0[static_cast<std::size_t>(i)];
 }
 
 // Azeotrope comment of the x-y diagrams.

@@ -20,6 +20,7 @@
 #include <cmath>
 
 #include "diagrams/catalogue.h"
+#include "diagrams/kurven.h"
 #include "engine/excess.h"
 #include "engine/kernel.h"
 #include "models/activity.h"
@@ -34,37 +35,6 @@
 namespace peq {
 
 namespace {
-
-// Pure vapour pressure of component i at T (kPa) by the concept: the vapour-pressure equation
-// (gamma-phi, also above T(cr) where the equation extrapolates) or the equation of state below
-// T(cr) (phi-phi). 0 when there is none.
-double ReinDampfdruck(Session& s, int i, double T) {
-  if (!s.Konzept) {
-    std::string code = s.P0Eq[static_cast<std::size_t>(i)];
-    int16_t dT = 0;
-    return VapPressure(s, i, T, code, false, dT);
-  }
-  if (s.TKrit[i] <= kPresent || T >= s.TKrit[i]) return 0;
-  double a = 0, b = 0, c = 0, d = 0;
-  EOSPureAtOne(s, i, T, a, b, c, d);
-  EOSSatOut out;
-  if (EOSPureSatP(s, i, T, 0, a, b, c, d, out) != 0) return 0;
-  return out.p > 0 ? out.p : 0;
-}
-
-// Pure boiling temperature of component i at p (K) by the concept; 0 when there is none.
-double ReinSiedeT(Session& s, int i, double p) {
-  if (!s.Konzept) {
-    std::string code = s.P0Eq[static_cast<std::size_t>(i)];
-    int16_t dT = 0, err = 0;
-    const float T = BoilingTAtP(s, i, p, code, false, dT, err);
-    return err != 0 ? 0 : T;
-  }
-  if (s.PKrit[i] <= kPresent || p >= s.PKrit[i]) return 0;
-  double T = 0;
-  if (EOSPureSatT(s, i, p, 0, T) != 0) return 0;
-  return T > 0 ? T : 0;
-}
 
 // The next round number at or above v: a multiple of half the decade of v, or of a fifth of it
 // when v begins with a 1 (86.8 -> 90, 8852 -> 9000, 117 -> 120, 0.37 -> 0.4).

@@ -8,42 +8,44 @@
 #include "models/eos_pure.h"
 #include "models/eos_sat.h"
 #include "models/vappressure.h"
+#include "session/constants.h"
 #include "session/numeric.h"
 
 namespace peq {
 
-namespace {
-
-// Vapour pressure of component i at T, 0 when there is none.
-double PureP0(const Session& s, int i, double T) {
-  try {
-    if (s.Konzept) {
-      double a, b, c, d;
-      EOSPureAtOne(s, i, T, a, b, c, d);
-      EOSSatOut out;
-      if (EOSPureSatP(s, i, T, 0.0, a, b, c, d, out) != 0) return 0.0;
-      return out.p;
-    }
-    std::string code = s.P0Eq[i];
+double ReinDampfdruck(const Session& s, int i, double T) {
+  if (!s.Konzept) {
+    std::string code = s.P0Eq[static_cast<std::size_t>(i)];
     int16_t dT = 0;
     return VapPressure(s, i, T, code, false, dT);
-  } catch (const NumericFault&) {
-    return 0.0;
   }
+  if (s.TKrit[i] <= kPresent || T >= s.TKrit[i]) return 0;
+  double a = 0, b = 0, c = 0, d = 0;
+  EOSPureAtOne(s, i, T, a, b, c, d);
+  EOSSatOut out;
+  if (EOSPureSatP(s, i, T, 0, a, b, c, d, out) != 0) return 0;
+  return out.p > 0 ? out.p : 0;
 }
 
-// Boiling temperature of component i at p, 0 when there is none.
-double PureTSiede(const Session& s, int i, double p) {
-  try {
-    if (s.Konzept) {
-      double T = 0;
-      if (EOSPureSatT(s, i, p, 0.0, T) != 0) return 0.0;
-      return T;
-    }
-    std::string code = s.P0Eq[i];
+double ReinSiedeT(const Session& s, int i, double p) {
+  if (!s.Konzept) {
+    std::string code = s.P0Eq[static_cast<std::size_t>(i)];
     int16_t dT = 0, err = 0;
     const float T = BoilingTAtP(s, i, p, code, false, dT, err);
-    return err != 0 ? 0.0 : T;
+    return err != 0 ? 0 : T;
+  }
+  if (s.PKrit[i] <= kPresent || p >= s.PKrit[i]) return 0;
+  double T = 0;
+  if (EOSPureSatT(s, i, p, 0, T) != 0) return 0;
+  return T > 0 ? T : 0;
+}
+
+namespace {
+
+// The same with an arithmetic fault counted as no value: the status texts show 0 then.
+double OhneFehler(double (*f)(const Session&, int, double), const Session& s, int i, double v) {
+  try {
+    return f(s, i, v);
   } catch (const NumericFault&) {
     return 0.0;
   }
@@ -57,7 +59,7 @@ void SiedeText(const Session& s, double T, int16_t Komp1, int16_t Komp2, std::st
   std::string text;
   for (int16_t i : {Komp1, Komp2}) {
     if (!(T < s.TKrit[i])) continue;
-    const double p0 = PureP0(s, i, T);
+    const double p0 = OhneFehler(ReinDampfdruck, s, i, T);
     text += kFuenf;
     text += "p0," + std::to_string(i) + "/kPa = " + FormatZahl(p0, p0 < 9.999 ? "#.0######" : "########.0##");
   }
@@ -70,7 +72,7 @@ void SiedeTextP(const Session& s, double p, int16_t Komp1, int16_t Komp2, std::s
   const char* unit = s.TOffsetOut == 0 ? "/K = " : "/°C = ";
   for (int16_t i : {Komp1, Komp2}) {
     if (!(p < s.PKrit[i])) continue;
-    const double T0 = PureTSiede(s, i, p);
+    const double T0 = OhneFehler(ReinSiedeT, s, i, p);
     text += kFuenf;
     text += "T0," + std::to_string(i) + unit + FormatZahl(T0 > 0 ? T0 - s.TOffsetOut : 0.0, "####.0#");
   }

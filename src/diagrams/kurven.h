@@ -11,6 +11,14 @@
 
 namespace peq {
 
+// Vapour pressure of pure component i at T (kPa) by the concept: the vapour-pressure equation
+// (gamma-phi, also above T(cr) where the equation extrapolates) or the equation of state below
+// T(cr) (phi-phi). 0 when there is none. An arithmetic fault throws NumericFault.
+double ReinDampfdruck(const Session& s, int i, double T);
+
+// Pure boiling temperature of component i at p (K) by the concept; 0 when there is none.
+double ReinSiedeT(const Session& s, int i, double p);
+
 // Vapour pressure of the pure components of the pair at T (K) (the equation of state in the
 // phi-phi concept, the vapour-pressure equation otherwise) for those with T below their T(cr):
 //   "pure-substance vapour pressures at T/K = 343.15     p0,1/kPa = 72.3     p0,2/kPa = 31.19"
