@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "session/numeric.h"
+#include "session/numformat.h"
 
 namespace peq {
 
@@ -199,21 +200,7 @@ void ZoomZurueck(Graph2DDoc& d) {
   d.Gezoomt = false;
 }
 
-std::string PunktZahl(double v) {
-  if (v == 0) return "0";
-  char buf[40];
-  std::snprintf(buf, sizeof buf, "%.7G", v);
-  std::string t(buf);
-  // Trailing zeros of the mantissa go.
-  const std::size_t e = t.find('E');
-  std::string mant = e == std::string::npos ? t : t.substr(0, e);
-  const std::string expo = e == std::string::npos ? std::string() : t.substr(e);
-  if (mant.find('.') != std::string::npos) {
-    while (!mant.empty() && mant.back() == '0') mant.pop_back();
-    if (!mant.empty() && mant.back() == '.') mant.pop_back();
-  }
-  return mant + expo;
-}
+std::string PunktZahl(double v) { return ZahlG(v, 7); }
 
 std::string PunktText(const Graph2DDoc& d, int serie, int punkt) {
   if (serie < 1 || serie > kSerienAnz) return {};

@@ -39,4 +39,11 @@ std::string FormatZahl(double v, std::string_view pattern) {
   return out;
 }
 
+std::string ZahlG(double v, int digits) {
+  if (v == 0) return "0";
+  char buf[48];
+  std::snprintf(buf, sizeof buf, "%.*G", digits, v);
+  return buf;
+}
+
 }  // namespace peq

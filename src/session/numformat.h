@@ -13,4 +13,8 @@ namespace peq {
 // negative value gets a leading "-". A non-finite value gives "".
 std::string FormatZahl(double v, std::string_view pattern);
 
+// A number with at most `digits` significant digits, trailing zeros dropped, an exponent written
+// as "E+08" when needed; 0 of either sign reads "0".
+std::string ZahlG(double v, int digits);
+
 }  // namespace peq

@@ -1,9 +1,9 @@
 #include "windows/calcinput.h"
 
-#include <cstdio>
 
 #include "session/codepage.h"
 #include "session/numeric.h"
+#include "session/numformat.h"
 #include "session/writefmt.h"
 #include "windows/shell.h"
 
@@ -47,13 +47,7 @@ std::string TKritHinweis(const Session& s, double T) {
   return t;
 }
 
-std::string EingabeZahl(double v) {
-  char t[40];
-  std::snprintf(t, sizeof t, "%.7G", v);
-  std::string r = t;
-  if (r == "-0") r = "0";
-  return r;
-}
+std::string EingabeZahl(double v) { return ZahlG(v, 7); }
 
 double frmCalcInput::Gezeigt(const Session& s, int i) const {
   const double n = s.FeedN[U(i)];

@@ -1,24 +1,14 @@
 #include "windows/graph2d.h"
 
-#include <cstdio>
 #include <exception>
 
 #include "session/numeric.h"
+#include "session/numformat.h"
 #include "windows/shell.h"
 
 namespace peq {
 
-std::string FormatAllgemein(double v) {
-  if (v == 0) return "0";
-  char buf[40];
-  std::snprintf(buf, sizeof buf, "%.15G", v);
-  std::string t(buf);
-  if (t.find('E') == std::string::npos && t.find('.') != std::string::npos) {
-    while (t.back() == '0') t.pop_back();
-    if (t.back() == '.') t.pop_back();
-  }
-  return t;
-}
+std::string FormatAllgemein(double v) { return ZahlG(v, 15); }
 
 std::string TauschCaption(int16_t Komp1, int16_t Komp2) {
   return std::to_string(Komp1) + " - " + std::to_string(Komp2);
