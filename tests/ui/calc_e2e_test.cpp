@@ -27,26 +27,9 @@ namespace {
 
 using peq::Cmd;
 using peq::WindowId;
+using peqtest::ChooseByKeys;
+using peqtest::PickByName;
 using peqtest::UiTest;
-
-void PickByName(pequi::StoffwahlDialog* d, const QString& name) {
-  QLineEdit* box = d->NameCombo()->lineEdit();
-  box->setFocus();
-  box->selectAll();
-  peqtest::TypeText(box, name);
-  QTest::keyClick(box, Qt::Key_Return);
-  QTest::mouseClick(d->RightOne(), Qt::LeftButton);
-}
-
-bool ChooseByKeys(QComboBox* c, const QString& text) {
-  c->setFocus();
-  QTest::keyClick(c, Qt::Key_Home);
-  for (int k = 0; k <= c->count(); ++k) {
-    if (c->currentText() == text) return true;
-    QTest::keyClick(c, Qt::Key_Down);
-  }
-  return c->currentText() == text;
-}
 
 // Replaces the text of a box by typing, as a user does.
 void Retype(QLineEdit* box, const QString& text) {

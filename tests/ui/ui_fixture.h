@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QApplication>
+#include <QComboBox>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -22,6 +23,7 @@
 #include <gtest/gtest.h>
 
 #include "ui/mainwindow.h"
+#include "ui/stoffwahldialog.h"
 
 namespace peqtest {
 
@@ -38,8 +40,6 @@ inline QApplication* App() {
   return app;
 }
 
-// Answers every message box with its default button and records title and text; input boxes
-// are cancelled unless an answer was prepared.
 // Types text key by key; characters outside ASCII arrive as key events carrying their text.
 inline void TypeText(QWidget* w, const QString& text) {
   for (QChar c : text) {
@@ -52,6 +52,30 @@ inline void TypeText(QWidget* w, const QString& text) {
   }
 }
 
+// Types a name into the name box of the substance window, presses Return and moves the
+// substance to the right.
+inline void PickByName(pequi::StoffwahlDialog* d, const QString& name) {
+  QLineEdit* box = d->NameCombo()->lineEdit();
+  box->setFocus();
+  box->selectAll();
+  TypeText(box, name);
+  QTest::keyClick(box, Qt::Key_Return);
+  QTest::mouseClick(d->RightOne(), Qt::LeftButton);
+}
+
+// Steps a combo box with the arrow keys until it shows the text.
+inline bool ChooseByKeys(QComboBox* c, const QString& text) {
+  c->setFocus();
+  QTest::keyClick(c, Qt::Key_Home);
+  for (int k = 0; k <= c->count(); ++k) {
+    if (c->currentText() == text) return true;
+    QTest::keyClick(c, Qt::Key_Down);
+  }
+  return c->currentText() == text;
+}
+
+// Answers every message box with its default button and records title and text; input boxes
+// are cancelled unless an answer was prepared.
 class BoxAnswerer : public QObject {
  public:
   struct Box {
