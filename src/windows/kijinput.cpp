@@ -55,12 +55,10 @@ bool frmKijInput::txt_Validate(mdiPEQ& f, int k) {
 void frmKijInput::cmdSuchkij_2(mdiPEQ& f) {
   if (!cmdSuchkij_2Enabled) return;
   Session& s = f.s;
-  // The k(ij) file of the cubic vapour model (4 SRK, 5 Peng-Robinson).
-  const int16_t eos = s.EOSModel;
-  s.EOSModel = s.VapModel;
+  // The k(ij) file of the equation of state of the session (EOSModel 4 SRK, 5 Peng-Robinson),
+  // the same file the search of the gE and k(ij) window reads.
   MsgSink sink;
   const std::optional<double> v = SearchKij(s, i, j, f.ProgDir.string(), &sink);
-  s.EOSModel = eos;
   if (v) ParSlot(s, kErsterSlot, i, j) = *v;
   Aufbauen(f);
   ShowMessages(f.ui, sink);

@@ -24,7 +24,8 @@ struct frmKijInput {
   void vor_rueck(mdiPEQ& f, int richtung);
   void txt_Change(mdiPEQ& f, int k, const std::string& text);
   bool txt_Validate(mdiPEQ& f, int k);
-  // Searches the k(ij) file of the vapour model and puts the value into the first box.
+  // Searches the k(ij) file of the session's equation of state (EOSModel) and puts the value
+  // into the first box.
   void cmdSuchkij_2(mdiPEQ& f);
   void cmdOK(mdiPEQ& f);
   void Aufbauen(mdiPEQ& f);

@@ -253,9 +253,10 @@ void frmVModell::cmdOKModell(mdiPEQ& f) {
                                  MsgIcon::Question, Buttons::YesNo);
     if (a != Answer::Yes) return;
   }
-  // 3. Wilson LAMBDA may not be 0.
+  // 3. Wilson LAMBDA may not be 0: checked whenever Wilson with dimensionless parameters is the
+  // gE model, in either concept, on the parameter set the window holds now.
   bool wilsonFehler = false;
-  if (!konzept && s.GEModel == 1 && s.ParUnitWilson == 2) {
+  if (s.GEModel == 1 && s.ParUnitWilson == 2) {
     for (int i = 1; i < s.NKomp; ++i)
       for (int j = i + 1; j <= s.NKomp; ++j)
         if (std::fabs(ParSlot(s, 1, i, j)) < kVorhanden || std::fabs(ParSlot(s, 4, i, j)) < kVorhanden)

@@ -8,6 +8,8 @@
 #include "windows/frame_fixture.h"
 #include "windows/geinput.h"
 #include "windows/kijinput.h"
+#include "substances/kij.h"
+#include "session/codepage.h"
 
 namespace {
 
@@ -246,6 +248,34 @@ TEST_F(Models, DimensionlessWilsonLambdaZeroIsNotAllowed) {
   EXPECT_EQ(e.ui.Last().title, "WARNING");
   EXPECT_EQ(e.ui.Last().text, "Wilson-Parameter LAMBDA = 0 not allowed\n=> Input GE Parameters");
   EXPECT_TRUE(e.f.IsLoaded(WindowId::frmVModell));
+}
+
+TEST_F(Models, DimensionlessWilsonLambdaZeroIsRefusedInThePhiConceptToo) {
+  // Wilson with dimensionless LAMBDA chosen, then the fugacity-coefficient tab: its own
+  // parameter set, in which the Wilson slots of pair (1, 2) are zero.
+  w().GEKombi_Click(e.f, GE("Wilson"));
+  e.s.ParUnitWilson = 2;
+  L(1) = 0.5;
+  L(4) = 0.7;
+  w().tabModellKonzept_Click(e.f, 1);
+  ASSERT_EQ(L(1), 0);
+  ASSERT_EQ(L(4), 0);
+  ASSERT_EQ(e.s.GEModel, 1);
+  e.ui.boxes.clear();
+  w().cmdOKModell(e.f);
+  ASSERT_EQ(e.ui.boxes.size(), 1u);
+  EXPECT_EQ(e.ui.Last().title, "WARNING");
+  EXPECT_EQ(e.ui.Last().text, "Wilson-Parameter LAMBDA = 0 not allowed\n=> Input GE Parameters");
+  EXPECT_TRUE(e.f.IsLoaded(WindowId::frmVModell));
+  EXPECT_TRUE(e.s.ModelleOffen);
+  // Given in the phi-phi set as well, the models pass.
+  L(1) = 0.5;
+  L(4) = 0.7;
+  e.ui.boxes.clear();
+  w().cmdOKModell(e.f);
+  EXPECT_TRUE(e.ui.boxes.empty());
+  EXPECT_FALSE(e.f.IsLoaded(WindowId::frmVModell));
+  EXPECT_TRUE(e.s.Konzept);
 }
 
 TEST_F(Models, PhiConceptNeedsCriticalData) {
@@ -501,6 +531,43 @@ TEST_F(Models, KijSearchOfTheVapourModelFillsTheFirstBox) {
   k.cmdSuchkij_2(e.f);
   EXPECT_EQ(e.ui.Last().title, "Result");
   EXPECT_EQ(e.s.EOSModel, 4);  // left as it was
+}
+
+// The search of the k(ij) window reads the file of the equation of state chosen on the
+// fugacity-coefficient tab (EOSModel), whatever the cubic vapour model.
+TEST_F(Models, KijSearchOfTheKijWindowReadsTheFileOfTheEquationOfState) {
+  std::string err;
+  const std::string cas1 = peq::Trim(e.s.StoffData[1].CasNr), cas2 = peq::Trim(e.s.StoffData[2].CasNr);
+  ASSERT_EQ(cas1, "64-17-5");
+  ASSERT_TRUE(peq::WriteKijFile(e.dir.File("KIJ_PR.DAT"), {{cas2, cas1, 0.25}}, err));
+  ASSERT_TRUE(peq::WriteKijFile(e.dir.File("KIJ_RKS.DAT"), {{cas1, cas2, 0.75}}, err));
+  peq::frmKijInput& k = e.f.KijInput;
+
+  // Peng-Robinson vapour model, SRK chosen as the equation of state: the SRK file.
+  e.s.VapModel = 5;
+  e.s.EOSModel = 4;
+  k.Load(e.f);
+  ASSERT_TRUE(k.cmdSuchkij_2Enabled);
+  k.cmdSuchkij_2(e.f);
+  EXPECT_EQ(L(13), 0.75);
+  EXPECT_EQ(k.txt[0], "0.75");
+  EXPECT_TRUE(e.Shown("Result", "j(ij)-parameter was found and filled in"));
+  EXPECT_EQ(e.s.EOSModel, 4);
+  EXPECT_EQ(e.s.VapModel, 5);
+
+  // SRK vapour model, Peng-Robinson as the equation of state: the Peng-Robinson file.
+  e.s.VapModel = 4;
+  e.s.EOSModel = 5;
+  k.Load(e.f);
+  k.cmdSuchkij_2(e.f);
+  EXPECT_EQ(L(13), 0.25);
+  EXPECT_EQ(e.s.EOSModel, 5);
+
+  // An equation of state without a k(ij) file: nothing is filled in.
+  e.s.EOSModel = 6;
+  k.Load(e.f);
+  k.cmdSuchkij_2(e.f);
+  EXPECT_EQ(L(13), 0.25);
 }
 
 }  // namespace
