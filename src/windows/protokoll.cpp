@@ -53,12 +53,14 @@ std::string ProtokollDateiName(const fs::path& dir, const std::string& datumText
   } else {
     stem = datumText;
   }
+  // The serial has two digits up to 99 and goes on with three (and more) after it: a name that
+  // exists is never handed out again, so no record of the day is ever overwritten.
   std::error_code ec;
   for (int n = 1;; ++n) {
-    char serial[8];
+    char serial[16];
     std::snprintf(serial, sizeof serial, "%02d", n);
     const fs::path p = dir / (stem + serial + ".CSV");
-    if (!fs::exists(p, ec) || n >= 99) return p.string();
+    if (!fs::exists(p, ec)) return p.string();
   }
 }
 

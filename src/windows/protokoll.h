@@ -39,7 +39,8 @@ std::string DatumText();
 
 // The name of a new record file in dir: two-digit pieces of the date text, the right two, the
 // left two and the two from place 4 (for "mm-dd-yyyy" that is yymmdd), a serial "01" and
-// ".CSV"; the serial rises (two digits, leading zero) while a file of that name exists.
+// ".CSV"; the serial rises (two digits with a leading zero, three digits after 99) while a file
+// of that name exists.
 std::string ProtokollDateiName(const std::filesystem::path& dir, const std::string& datumText);
 
 // A value of a record line: the single-precision value in its shortest form, with "." and ","

@@ -9,6 +9,7 @@
 #include "session/project.h"
 #include "substances/bank.h"
 #include "substances/unifacfiles.h"
+#include "windows/protokoll.h"
 
 namespace peq {
 
@@ -84,15 +85,8 @@ std::string FensterKurztitel(const std::string& text, int maxLength) {
 }
 
 std::string NeueProtokollDatei(const fs::path& dir, const std::tm& date) {
-  char stem[48];
-  std::snprintf(stem, sizeof stem, "%02d%02d%02d", date.tm_year % 100, date.tm_mon + 1, date.tm_mday);
-  std::error_code ec;
-  for (int n = 1;; ++n) {
-    char name[64];
-    std::snprintf(name, sizeof name, "%s%02d.CSV", stem, n);
-    const fs::path p = dir / name;
-    if (!fs::exists(p, ec) || n >= 99) return p.string();
-  }
+  // The same name the record gives when it begins: yymmdd from the date text, then the serial.
+  return ProtokollDateiName(dir, DatumText(date));
 }
 
 std::string NeueProtokollDatei(const fs::path& dir) {

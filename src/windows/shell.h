@@ -45,7 +45,8 @@ inline constexpr const char* kModulRegistrieren = "Please try to registrate it m
 std::string FensterKurztitel(const std::string& text, int maxLength);
 
 // NeueProtokollDatei: the name of the result record in dir: the date as yymmdd, "01", ".CSV";
-// while that file exists the two digits are raised by one (leading zero under 10).
+// while that file exists the serial is raised by one (leading zero under 10, three digits
+// after 99), so an existing file is never chosen.
 std::string NeueProtokollDatei(const std::filesystem::path& dir, const std::tm& date);
 std::string NeueProtokollDatei(const std::filesystem::path& dir);
 

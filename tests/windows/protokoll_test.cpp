@@ -35,6 +35,21 @@ TEST(ProtokollName, TheSerialRisesWhileTheFileExists) {
   EXPECT_EQ(peq::ProtokollDateiName(dir.path(), kDatum), (fs::path(dir.path()) / "26112110.CSV").string());
 }
 
+TEST(ProtokollName, AfterSerial99TheSerialGoesOnWithThreeDigits) {
+  TempDir dir;
+  for (int k = 1; k <= 99; ++k)
+    peqtest::WriteBytes(dir.path(), "261121" + std::string(k < 10 ? "0" : "") + std::to_string(k) + ".CSV", "x");
+  EXPECT_EQ(peq::ProtokollDateiName(dir.path(), kDatum), (fs::path(dir.path()) / "261121100.CSV").string());
+  peqtest::WriteBytes(dir.path(), "261121100.CSV", "x");
+  EXPECT_EQ(peq::ProtokollDateiName(dir.path(), kDatum), (fs::path(dir.path()) / "261121101.CSV").string());
+  // The frame's name at start counts on the same way.
+  std::tm d{};
+  d.tm_year = 2026 - 1900;
+  d.tm_mon = 10;
+  d.tm_mday = 21;
+  EXPECT_EQ(fs::path(peq::NeueProtokollDatei(dir.path(), d)).filename(), "261121101.CSV");
+}
+
 TEST(ProtokollName, TheSameNameAsTheFrameGivesAtStart) {
   TempDir dir;
   std::tm d{};
@@ -91,6 +106,24 @@ TEST_F(Protokoll, TheFirstLineAndTheLegendVerbatim) {
   EXPECT_EQ(z[6],
             "MR - Mixing Rule (in the case of phi-phi concept): 1 = vdW-arithm. mean   2 = vdW-geom. mean   5 = GE "
             "(p=>oo)   6 = GE (P=>0)");
+}
+
+TEST_F(Protokoll, ADaysRecord99IsNeverOverwritten) {
+  // 99 records of the day exist already; the held name is taken by another file.
+  for (int k = 1; k <= 99; ++k)
+    peqtest::WriteBytes(dir.path(), "261121" + std::string(k < 10 ? "0" : "") + std::to_string(k) + ".CSV",
+                        "record " + std::to_string(k));
+  e.s.ProtokollDatei = (fs::path(dir.path()) / "26112199.CSV").string();
+  FlashPT(101.325, 355.15);
+  Record();
+  EXPECT_EQ(e.ui.boxes.size(), 0u);
+  EXPECT_EQ(e.s.ProtokollDatei, (fs::path(dir.path()) / "261121100.CSV").string());
+  EXPECT_EQ(Bytes((fs::path(dir.path()) / "26112199.CSV").string()), "record 99");
+  ASSERT_EQ(L().size(), 12u);
+  EXPECT_EQ(L()[0], "Phase Equilibria PEQ - protocol from 11-21-2026");
+  // The next file after "close file / new file" is 101.
+  out.cmdOpenNew(e.f);
+  EXPECT_EQ(e.s.ProtokollDatei, (fs::path(dir.path()) / "261121101.CSV").string());
 }
 
 TEST_F(Protokoll, TheSubstanceTableAndTheColumnHead) {
