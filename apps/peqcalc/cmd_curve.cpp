@@ -134,6 +134,7 @@ int Run(peq::Session& s, const Args& args, Json& out, peq::MsgSink& msgs) {
               peq::MsgIcon::Stop);
     return kExitRefused;
   }
+  if (e.hatX2 && !CheckMolFraction("curve", "--x2", e.x2, msgs)) return kExitRefused;
   const int f = Familie(e.noDia);
   s.NoDia = static_cast<int16_t>(e.noDia);
   s.IsoArt = static_cast<int16_t>(f);

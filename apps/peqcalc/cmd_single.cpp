@@ -93,6 +93,7 @@ int Run(peq::Session& s, const Args& args, Json& out, peq::MsgSink& msgs) {
               peq::MsgIcon::Stop);
     return kExitRefused;
   }
+  if (in.haveX2 && !CheckMolFraction("single", "--x2", in.x2, msgs)) return kExitRefused;
   const int16_t code = static_cast<int16_t>(in.nodia);
   s.NoDia = code;
   s.IsoArt = IsoArtOf(code);

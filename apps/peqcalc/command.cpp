@@ -1,5 +1,7 @@
 #include "command.h"
 
+#include <charconv>
+
 #include "session/writefmt.h"
 
 namespace peqcalc {
@@ -50,8 +52,39 @@ bool ReadComposition(const peq::Session& s, const Args& args, const char* name, 
   }
   for (std::size_t k = 0; k < lead; ++k) ArgNumber(args[k], leadValues[k]);
   if (x.size() != static_cast<std::size_t>(n) + 1) x.assign(static_cast<std::size_t>(n) + 1, 0.0);
-  for (int i = 1; i <= n; ++i) ArgNumber(args[lead + static_cast<std::size_t>(i) - 1], x[i]);
+  for (int i = 1; i <= n; ++i) {
+    const std::string& a = args[lead + static_cast<std::size_t>(i) - 1];
+    double v = 0;
+    ArgNumber(a, v);
+    // An amount or mole fraction below 0 is no composition: refused, nothing is calculated.
+    if (!(v >= 0.0)) {
+      peq::Post(&msgs, "Execution not possible",
+                std::string(name) + ": the amount of component " + std::to_string(i) + " is negative (" + a +
+                    "); amounts and mole fractions must be 0 or more",
+                peq::MsgIcon::Stop);
+      return false;
+    }
+    x[i] = v;
+  }
   return true;
+}
+
+namespace {
+// The shortest text of a number that reads back to it.
+std::string Kurz(double v) {
+  char buf[64];
+  const auto r = std::to_chars(buf, buf + sizeof buf, v);
+  return std::string(buf, r.ptr);
+}
+}  // namespace
+
+bool CheckMolFraction(const char* name, const char* option, double v, peq::MsgSink& msgs) {
+  if (v >= 0.0 && v <= 1.0) return true;
+  peq::Post(&msgs, "Execution not possible",
+            std::string(name) + ": " + option + " " + Kurz(v) +
+                " is no mole fraction; it must lie between 0 and 1",
+            peq::MsgIcon::Stop);
+  return false;
 }
 
 std::vector<double> PerComponent(const peq::Vec<double>& v, int n) {

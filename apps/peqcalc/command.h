@@ -45,9 +45,14 @@ bool ArgNumber(const std::string& text, double& v);
 bool CheckNumbers(const Args& args, std::size_t count, const std::string& need, std::string& why);
 
 // The first `lead` arguments into lead[0..lead-1], the rest as the mole fractions x(1..NKomp).
-// A count that does not fit the project is refused with a message naming the command.
+// A count that does not fit the project, or a negative amount, is refused with a message naming
+// the command.
 bool ReadComposition(const peq::Session& s, const Args& args, const char* name, std::size_t lead,
                      double* leadValues, peq::Vec<double>& x, peq::MsgSink& msgs);
+
+// A binary mole fraction given by an option (--x2): true from 0 to 1, otherwise a refusal message
+// naming the command and the option.
+bool CheckMolFraction(const char* name, const char* option, double v, peq::MsgSink& msgs);
 
 // Components 1..n of a session array, in order, for a JSON array.
 std::vector<double> PerComponent(const peq::Vec<double>& v, int n);

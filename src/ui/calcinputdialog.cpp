@@ -40,6 +40,14 @@ QLineEdit* NumberBox(const QString& name, QWidget* parent) {
   return box;
 }
 
+// A box of an amount (the feed, its sum): digits and the decimal character only.
+QLineEdit* AmountBox(const QString& name, QWidget* parent) {
+  auto* box = new QLineEdit(parent);
+  box->setObjectName(name);
+  ZahlenFilter::InstallMenge(box);
+  return box;
+}
+
 }  // namespace
 
 CalcInputDialog::CalcInputDialog(peq::mdiPEQ& f, QWidget* parent)
@@ -103,7 +111,7 @@ CalcInputDialog::CalcInputDialog(peq::mdiPEQ& f, QWidget* parent)
   for (int i = 1; i <= n; ++i) {
     auto* l = new QLabel(feed);
     l->setObjectName(QStringLiteral("lblKomp_%1").arg(i));
-    auto* box = NumberBox(QStringLiteral("txtCInput_%1").arg(i), feed);
+    auto* box = AmountBox(QStringLiteral("txtCInput_%1").arg(i), feed);
     fg->addWidget(new QLabel(QStringLiteral("%1.").arg(i), feed), i - 1, 0);
     fg->addWidget(l, i - 1, 1);
     fg->addWidget(box, i - 1, 2);
@@ -119,7 +127,7 @@ CalcInputDialog::CalcInputDialog(peq::mdiPEQ& f, QWidget* parent)
       next->selectAll();
     });
   }
-  txtSumN0_ = NumberBox(QStringLiteral("txtSumN0"), feed);
+  txtSumN0_ = AmountBox(QStringLiteral("txtSumN0"), feed);
   fg->addWidget(new QLabel(Q(peq::kSummeLabel), feed), n, 1);
   fg->addWidget(txtSumN0_, n, 2);
   chkSumIsVariable_ = new QCheckBox(Q(peq::kSumIsVariableCaption), feed);

@@ -22,6 +22,14 @@ bool BoxWert(const std::string& text, double& v) {
   return ParseNumber(text, v);
 }
 
+// The amount of a feed or sum box: a number of 0 or more; an empty box counts as 0.
+bool MengeWert(const std::string& text, double& v) {
+  double w = 0;
+  if (!BoxWert(text, w) || !(w >= 0)) return false;
+  v = w;
+  return true;
+}
+
 // FeedN and Feed sized for the mixture.
 void FeedFelder(Session& s) {
   const std::size_t m = U(s.NKomp) + 1;
@@ -48,6 +56,23 @@ std::string TKritHinweis(const Session& s, double T) {
 }
 
 std::string EingabeZahl(double v) { return ZahlG(v, 7); }
+
+bool MengenTaste(int& keyAscii) {
+  switch (keyAscii) {
+    case ',':
+      keyAscii = '.';
+      return true;
+    case '0': case '1': case '2': case '3': case '4': case '5': case '6': case '7': case '8': case '9':
+    case '.': case 13: case 3: case 22:
+      return true;
+    default:
+      return false;
+  }
+}
+
+std::string KeineMengeText(const std::string& name, const std::string& text) {
+  return name + ": \"" + text + "\" is not an amount (a number of 0 or more)";
+}
 
 double frmCalcInput::Gezeigt(const Session& s, int i) const {
   const double n = s.FeedN[U(i)];
@@ -150,8 +175,9 @@ void frmCalcInput::txtCInput_Change(mdiPEQ& f, int i, const std::string& text) {
   FeedFelder(s);
   txtCInput.resize(U(n) + 1);
   txtCInput[U(i)] = text;
+  // A text that is no amount (a pasted sign, say) leaves the feed as it was; go on refuses it.
   double v = 0;
-  if (!BoxWert(text, v)) return;
+  if (!MengeWert(text, v)) return;
   try {
     // The amount of the component: as typed, or the mass divided by the molar mass.
     s.FeedN[U(i)] = CSng(optInput_Unit == 0 ? v : chk::Div(v, s.MolMasse[U(i)]));
@@ -218,6 +244,19 @@ void frmCalcInput::chkSumIsVariable_Click(mdiPEQ& f, bool checked) {
 void frmCalcInput::cmdWeiter(mdiPEQ& f) {
   Session& s = f.s;
   FeedFelder(s);
+  // Every box must hold an amount of 0 or more, and so must the feed of the session: a negative
+  // amount never reaches a calculation.
+  for (int i = 1; i <= s.NKomp; ++i) {
+    double v = 0;
+    const bool box = U(i) < txtCInput.size();
+    if ((box && !MengeWert(txtCInput[U(i)], v)) || !(s.FeedN[U(i)] >= 0)) {
+      Fokus = i;
+      const std::string text = box ? txtCInput[U(i)] : EingabeZahl(Gezeigt(s, i));
+      f.ui.MsgBox(kTitleNotPossible, KeineMengeText(Trim(s.StoffData[U(i)].Name), text), MsgIcon::Stop,
+                  Buttons::Ok);
+      return;
+    }
+  }
   // 1. The sum of the amounts.
   double summe = 0;
   for (int i = 1; i <= s.NKomp; ++i) summe += s.FeedN[U(i)];

@@ -44,6 +44,14 @@ std::string TKritHinweis(const Session& s, double T);
 // A number as the input boxes show it: up to 7 significant digits, a decimal point.
 std::string EingabeZahl(double v);
 
+// The key filter of the amount boxes (the feed and its sum): true for the digits, the decimal
+// character, Enter (13) and the control keys 3 and 22 (copy and paste); a comma is turned into
+// the point of the boxes in place. No sign and no exponent: an amount is never negative.
+bool MengenTaste(int& keyAscii);
+
+// The message when box text is not an amount of 0 or more: the name, the text as it stands.
+std::string KeineMengeText(const std::string& name, const std::string& text);
+
 struct frmCalcInput {
   std::string Caption;
   int16_t Art = 1;  // CalcArt: 1 flash, 2 activity coefficients

@@ -234,6 +234,36 @@ TEST_F(CalcWalk, AnAllZeroFeedIsRefusedInTheWindow) {
   EXPECT_EQ(win->WindowOf(WindowId::frmCalcOut), nullptr);
 }
 
+TEST_F(CalcWalk, TheAmountBoxesTakeNeitherSignNorExponentNorShortcutsButCopyAndPaste) {
+  ToModels();
+  A(Cmd::calc, 1)->trigger();
+  QApplication::processEvents();
+  auto* d = Window<pequi::CalcInputDialog>(WindowId::frmCalcInput);
+  ASSERT_NE(d, nullptr);
+  QLineEdit* box = d->CInput(1);
+  Retype(box, QStringLiteral("-0,5E1"));
+  EXPECT_EQ(box->text(), QStringLiteral("0.51"));
+  EXPECT_FLOAT_EQ(win->Sess().FeedN[1], 0.51f);
+  // Select-all (Ctrl+A) and undo (Ctrl+Z) do nothing; the next digit is appended.
+  QTest::keyClick(box, Qt::Key_A, Qt::ControlModifier);
+  QTest::keyClick(box, Qt::Key_Z, Qt::ControlModifier);
+  QTest::keyClicks(box, QStringLiteral("7"));
+  EXPECT_EQ(box->text(), QStringLiteral("0.517"));
+  // Copy and paste pass.
+  box->selectAll();
+  QTest::keyClick(box, Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("0.517"));
+  Retype(d->CInput(2), QStringLiteral("1"));
+  d->CInput(2)->selectAll();
+  QTest::keyClick(d->CInput(2), Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(d->CInput(2)->text(), QStringLiteral("0.517"));
+  // The sum box is an amount box as well; the temperature box still takes a sign.
+  Retype(d->SumBox(), QStringLiteral("-3"));
+  EXPECT_EQ(d->SumBox()->text(), QStringLiteral("3"));
+  Retype(d->TBox(), QStringLiteral("-5"));
+  EXPECT_EQ(d->TBox()->text(), QStringLiteral("-5"));
+}
+
 TEST_F(CalcWalk, OutsideTheRangeTheResultSaysNoSolution) {
   ToModels();
   auto* d = Input(QStringLiteral("82"), QStringLiteral("10000"));

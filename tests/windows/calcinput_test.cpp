@@ -205,6 +205,69 @@ TEST_F(CalcInput, AnAllZeroFeedNeverCalculates) {
   EXPECT_EQ(e.s.Feed[2], 0.7);
 }
 
+TEST(CalcInputKeys, TheAmountBoxesPassDigitsTheDecimalCharacterEnterCopyAndPasteOnly) {
+  for (int code = 0; code < 256; ++code) {
+    int key = code;
+    const bool pass = peq::MengenTaste(key);
+    const bool expected = (code >= '0' && code <= '9') || code == '.' || code == ',' || code == 13 ||
+                          code == 3 || code == 22;
+    EXPECT_EQ(pass, expected) << code;
+    // A comma arrives as the point of the boxes; every other key stays as it was.
+    EXPECT_EQ(key, code == ',' ? '.' : code) << code;
+  }
+  // The sign, the exponent, blanks, Backspace, cut, undo and select-all do not pass.
+  for (int code : {int{'-'}, int{'+'}, int{'E'}, int{'e'}, int{' '}, 8, 24, 26, 1}) {
+    int key = code;
+    EXPECT_FALSE(peq::MengenTaste(key)) << code;
+  }
+}
+
+TEST_F(CalcInput, ANegativeAmountNeverCalculates) {
+  Command(1);
+  in.optVorgabe_Click(e.f, 2);
+  in.optTUnit_Click(e.f, 0);
+  in.txtT_Change(e.f, "350");
+  in.txtp_Change(e.f, "101.325");
+  FeedIn({"1", "1"});
+  // A pasted "-0.5" in the first box: the amount is not taken, go on refuses.
+  in.txtCInput_Change(e.f, 1, "-0.5");
+  in.txtCInput_Change(e.f, 2, "1.5");
+  EXPECT_EQ(e.s.FeedN[1], 1.0f);
+  e.ui.shown.clear();
+  Weiter();
+  ASSERT_EQ(e.ui.boxes.size(), 1u);
+  EXPECT_EQ(e.ui.Last().title, "Execution not possible");
+  EXPECT_EQ(e.ui.Last().text, "Ethanol: \"-0.5\" is not an amount (a number of 0 or more)");
+  EXPECT_EQ(e.ui.Last().icon, MsgIcon::Stop);
+  EXPECT_FALSE(Shown(WindowId::frmCalcOut));
+  EXPECT_TRUE(e.f.IsLoaded(WindowId::frmCalcInput));
+  EXPECT_FALSE(in.Weiter);
+  EXPECT_EQ(in.Fokus, 1);
+  // A text that is no number is refused the same way, also in masses.
+  in.optInput_Unit_Click(e.f, 1);
+  in.txtCInput_Change(e.f, 2, "1-2");
+  e.ui.boxes.clear();
+  Weiter();
+  ASSERT_EQ(e.ui.boxes.size(), 1u);
+  EXPECT_EQ(e.ui.Last().text, "Water: \"1-2\" is not an amount (a number of 0 or more)");
+  EXPECT_EQ(in.Fokus, 2);
+  EXPECT_FALSE(Shown(WindowId::frmCalcOut));
+}
+
+TEST_F(CalcInput, ANegativeAmountHeldInTheSessionNeverCalculates) {
+  Command(1);
+  // Amounts that came into the session by another way than the boxes.
+  e.s.FeedN[1] = -0.5f;
+  e.s.FeedN[2] = 1.5f;
+  in.Load(e.f);
+  e.ui.shown.clear();
+  Weiter();
+  ASSERT_EQ(e.ui.boxes.size(), 1u);
+  EXPECT_EQ(e.ui.Last().title, "Execution not possible");
+  EXPECT_FALSE(Shown(WindowId::frmCalcOut));
+  EXPECT_FALSE(in.Weiter);
+}
+
 TEST_F(CalcInput, GoOnNormalisesTheFeedAndOpensTheResult) {
   Command(1);
   FeedIn({"1", "3"});
