@@ -278,6 +278,29 @@ TEST_F(CalcOut, HelpTopics) {
   EXPECT_EQ(e.ui.helpTopics, (std::vector<int>{17000, 96799, 17500}));
 }
 
+// The help of the result window is a page of its own, not the page of topics without help.
+TEST_F(CalcOut, EachHelpButtonOpensAPageOfItsOwn) {
+  FlashPT(101.325, 355.15);
+  out.cmdHelp(e.f);
+  out.cmdHelpProtokoll(e.f);
+  Command(3);
+  FeedIn({"1", "1"});
+  Weiter();
+  out.cmdHelp(e.f);
+  ASSERT_EQ(e.ui.helpTopics.size(), 3u);
+  const std::filesystem::path help = std::filesystem::path(peqtest::SourceDir()) / "data" / "help";
+  for (int topic : e.ui.helpTopics) {
+    const std::filesystem::path page = peq::HelpPage(help, topic);
+    EXPECT_EQ(page.filename(), std::to_string(topic) + ".html");
+    const std::string text = Bytes(page.string());
+    EXPECT_NE(text.find("<a href=\"33410.html\">Help index</a>"), std::string::npos) << topic;
+    // The index leads to the page.
+    EXPECT_NE(Bytes((help / "33410.html").string()).find("href=\"" + std::to_string(topic) + ".html\""),
+              std::string::npos)
+        << topic;
+  }
+}
+
 TEST_F(CalcOut, CloseUnloadsTheWindow) {
   FlashPT(101.325, 355.15);
   out.cmdClose(e.f);
