@@ -404,7 +404,8 @@ double EtaOrSide(Session& s, double T, double p, bool liquidSide) {
   return liquidSide ? 0.0 : 1.0;
 }
 
-// A root of g between a (g(a) = ga) and b (g(b) = gb) of opposite signs; 0 when none found.
+// A root of g between a (g(a) = ga) and b (g(b) = gb) of opposite signs: the middle of the
+// last bracket of the root finder.
 template <class G>
 double Bracketed(G g, double a, double b, double ga, double gb) {
   if (ga == 0.0) return a;

@@ -259,7 +259,7 @@ TEST(Safeguard, CO2ButaneBubbleTemperaturesOnAreBubblePointsFrom1000To2000kPa) {
       peq::Vec<double> y = s.YGas;
       peq::Session c;
       ASSERT_TRUE(CO2Butane(c, false));
-      EXPECT_REL(WarmBubbleP(c, T, x, 0.98 * p, y), p, 1e-6) << p << " " << x1;
+      EXPECT_REL(WarmBubbleP(c, T, x, 0.995 * p, y), p, 1e-6) << p << " " << x1;
     }
   }
 }
@@ -272,10 +272,10 @@ TEST(Safeguard, APointThatConvergesFirstTimeIsThePlainAnswerAndAllocatesNothing)
   ASSERT_TRUE(CO2Butane(c, false));
   const peq::Vec<double> x = Binary(0.3, 0.7), y0(3, 0.0);
   double vL = 0, vV = 0, vL2 = 0, vV2 = 0;
-  const double p0 = peq::CalcBubbleP(c, 300, x, 0, y0, c.Gamma, c.PhiKorr, c.KWert, vL2, vV2);
+  const double p0 = peq::CalcBubbleP(c, 280, x, 0, y0, c.Gamma, c.PhiKorr, c.KWert, vL2, vV2);
   ASSERT_GT(p0, 0);
   double p = 0;
-  EXPECT_EQ(peqtest::NewCallsOf([&] { p = peq::SafeBubbleP(s, 300, x, 0, y0, s.Gamma, s.PhiKorr, s.KWert, vL, vV); }), 0);
+  EXPECT_EQ(peqtest::NewCallsOf([&] { p = peq::SafeBubbleP(s, 280, x, 0, y0, s.Gamma, s.PhiKorr, s.KWert, vL, vV); }), 0);
   EXPECT_EQ(p, p0);
   EXPECT_EQ(vL, vL2);
   EXPECT_EQ(s.YGas, c.YGas);
