@@ -22,7 +22,7 @@
 // left them. A point that converges the first time costs only the test: nothing is allocated.
 //
 // The two-phase test. In the phi-phi concept the phases are the same when their molar volumes
-// coincide (|vL - vV| below 1E-4 vV, or vV below vL). All |ln K| below 1E-5 alone does not make a
+// coincide (|vL - vV| below 1E-2 vV, or vV below vL). All |ln K| below 1E-3 alone does not make a
 // phase split trivial, because an azeotrope has K = 1 with a liquid and a vapour volume: where
 // the volumes are not at hand (the flashes), such K values make the test solve the cubic of the
 // common composition and call the phases the same when it has one real root or two coinciding
