@@ -120,7 +120,7 @@ const CommandEntry kEntry{Command{
     "temperature in the display unit, with the composition --x2) by SingleCalc; T (K) and p (kPa)\n"
     "default to the project's: y1, y2 (the two ordinates), flag1, flag2 (0 valid, -1 none), outx\n"
     "(the vapour composition of the bubble-line diagrams), T and p as the routine leaves them,\n"
-    "retried (-1: its last bubble point was found by the safeguard's retry)",
+    "retried (-1: its last bubble or dew point was found by the safeguard's retry)",
     Check, Run}};
 
 }  // namespace

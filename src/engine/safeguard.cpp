@@ -191,6 +191,29 @@ double WilsonBubbleT(const Session& s, double p, const Vec<double>& x, Vec<doubl
   return T;
 }
 
+// Wilson's dew temperature at p of the vapour y: sum y(i)/K(i)(T, p) = 1, which falls
+// monotonically with T; 0 when the correlation has none.
+double WilsonDewT(const Session& s, double p, const Vec<double>& y) {
+  const int n = s.NKomp;
+  double tcMin = s.TKrit[1], tcMax = s.TKrit[1];
+  for (int i = 2; i <= n; ++i) {
+    tcMin = std::min(tcMin, double(s.TKrit[i]));
+    tcMax = std::max(tcMax, double(s.TKrit[i]));
+  }
+  auto f = [&](double T) {
+    double sum = 0;
+    for (int i = 1; i <= n; ++i)
+      if (y[i] > 0.0) sum += chk::Div(y[i], WilsonK(s, i, T, p));
+    return sum - 1.0;
+  };
+  const double lo = 0.3 * tcMin, hi = 20.0 * tcMax;
+  const double flo = f(lo), fhi = f(hi);
+  if (!(flo > 0.0 && fhi < 0.0)) return 0.0;
+  std::uintmax_t iter = kRootIter;
+  const auto r = toms748_solve(f, lo, hi, flo, fhi, eps_tolerance<double>(kRootBits), iter);
+  return 0.5 * (r.first + r.second);
+}
+
 // ------------------------------------------------------------------------- bubble points
 
 // The second attempt at a bubble pressure that was no real answer: the kernel's iteration from
@@ -542,6 +565,26 @@ double SafeBubbleT(Session& s, double p, const Vec<double>& x, double& T, const 
   vL = vL1;
   vV = vV1;
   return 0.0;
+}
+
+float SafeDewT(Session& s, double p, const Vec<double>& y, double TStart) {
+  s.Retried = 0;
+  const float T = CalcDewT(s, p, y, TStart);
+  if (!s.Safeguard || T != 0.0f || s.Konzept || s.NKomp < 2 || !(p > 0.0) || PureLiquid(s, y)) return T;
+  Save(s, nullptr, nullptr, nullptr);
+  float T2 = 0.0f;
+  try {
+    const double Tw = WilsonDewT(s, p, y);
+    if (Tw >= 1.0) T2 = CalcDewT(s, p, y, Tw);
+  } catch (const NumericFault&) {
+    T2 = 0.0f;
+  }
+  if (T2 > 0.0f) {
+    s.Retried = -1;
+    return T2;
+  }
+  Restore(s, nullptr, nullptr, nullptr);
+  return 0.0f;
 }
 
 double SafeFlashTP(Session& s, double T, double p, const Vec<double>& z) {

@@ -11,6 +11,7 @@
 //                  temperature and the vapour composition, then the kernel's own iteration runs
 //                  again from there (the phi-phi bubble pressure, the bubble temperature of both
 //                  concepts; the gamma-phi bubble pressure does not depend on its start);
+//   dew point      the dew temperature (gamma-phi) likewise from Wilson's dew temperature;
 //   FlashTP        successive substitution on K from the Wilson start, the Rachford-Rice
 //                  equation solved by a bracketing root finder between its poles;
 //   FlashTEta,     a bracketing root finder on p (or T) between the bubble point of the feed and
@@ -41,6 +42,11 @@ double SafeBubbleP(Session& s, double T, const Vec<double>& x, double pStart, co
                    Vec<double>& gamma, Vec<double>& PhiK, Vec<double>& K, double& vL, double& vV);
 double SafeBubbleT(Session& s, double p, const Vec<double>& x, double& T, const Vec<double>& yStart, int16_t& Warn,
                    Vec<double>& K, double& vL, double& vV);
+
+// The arguments and result of CalcDewT (gamma-phi): a dew temperature of 0 is retried from
+// Wilson's dew temperature, sum y(i)/K(i) = 1, as the start. (CalcDewP takes no start; it is
+// called as it stands.)
+float SafeDewT(Session& s, double p, const Vec<double>& y, double TStart);
 
 // The arguments and results of FlashTP, FlashPEta and FlashTEta (engine/flash.h).
 double SafeFlashTP(Session& s, double T, double p, const Vec<double>& z);

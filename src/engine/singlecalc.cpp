@@ -163,7 +163,7 @@ void Body(Session& s, int16_t DiaCode, double Xval, double& T, double& p, double
         OutX = s.GapY;
       }
       if (!s.Konzept) {
-        const float Td = CalcDewT(s, p, x, 0.0);
+        const float Td = SafeDewT(s, p, x, 0.0);
         if (Td != 0.0f) Put2(Out, double(Td) - s.TOffsetOut);
       }
       return;

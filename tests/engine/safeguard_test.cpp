@@ -282,6 +282,18 @@ TEST(Safeguard, APointThatConvergesFirstTimeIsThePlainAnswerAndAllocatesNothing)
   EXPECT_EQ(s.Retried, 0);
 }
 
+TEST(Safeguard, ADewTemperatureFoundFirstTimeIsThePlainOne) {
+  peq::Session s, c;
+  ASSERT_TRUE(sgtest::EthanolWaterUnifacVirial(s, true));
+  ASSERT_TRUE(sgtest::EthanolWaterUnifacVirial(c, false));
+  const peq::Vec<double> y = Binary(0.6, 0.4);
+  const float T = peq::SafeDewT(s, 101.325, y, 0.0);
+  ASSERT_GT(T, 0.0f);
+  EXPECT_EQ(T, peq::CalcDewT(c, 101.325, y, 0.0));
+  EXPECT_EQ(s.XLiq, c.XLiq);
+  EXPECT_EQ(s.Retried, 0);
+}
+
 TEST(Safeguard, WilsonKFallsWithPressureAndFavoursTheLighterComponent) {
   // K(i) = pc(i)/p exp(5.373 (1 + omega(i)) (1 - Tc(i)/T)): inversely proportional to p.
   peq::Session s;
