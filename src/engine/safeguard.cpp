@@ -220,11 +220,14 @@ double WilsonDewT(const Session& s, double p, const Vec<double>& y) {
 // Wilson's start. Returns p (vL, vV set) when it is real and its vapour sums to 1, else 0; the
 // arrays then as this attempt left them. Nothing is tried for the gamma-phi concept (its
 // iteration does not depend on the start), a pure component, or T outside 0..TKritMax.
+bool BubblePRetryable(const Session& s, double T, const Vec<double>& x) {
+  return s.Konzept && s.NKomp >= 2 && T > 0.0 && !(s.TKritMax >= 1e-11 && T >= s.TKritMax) && !PureLiquid(s, x) &&
+         !(s.NKomp == 2 && x[1] == 0.0);
+}
+
 double BubblePRetry(Session& s, double T, const Vec<double>& x, Vec<double>& gamma, Vec<double>& PhiK,
                     Vec<double>& K, double& vL, double& vV) {
-  if (!s.Konzept || s.NKomp < 2 || !(T > 0.0) || (s.TKritMax >= 1e-11 && T >= s.TKritMax) || PureLiquid(s, x) ||
-      (s.NKomp == 2 && x[1] == 0.0))
-    return 0.0;
+  if (!BubblePRetryable(s, T, x)) return 0.0;
   SizeWork(s);
   try {
     const double pw = WilsonBubbleP(s, T, x, s.SafeWork.Y);
@@ -534,7 +537,9 @@ double SafeBubbleP(Session& s, double T, const Vec<double>& x, double pStart, co
   s.Retried = 0;
   const double p = CalcBubbleP(s, T, x, pStart, yStart, gamma, PhiK, K, vL, vV);
   if (!s.Safeguard || BubblePReal(s, p, vL, vV)) return p;
-  if (PureLiquid(s, x) || (s.Konzept && s.NKomp == 2 && x[1] == 0.0)) return p;
+  // A point that cannot be retried keeps its answer: a pure component, or the failure of the
+  // gamma-phi concept, whose iteration does not depend on a start.
+  if (!BubblePRetryable(s, T, x)) return p;
   const double vL1 = vL, vV1 = vV;
   Save(s, &gamma, &PhiK, &K);
   const double p2 = BubblePRetry(s, T, x, gamma, PhiK, K, vL, vV);
