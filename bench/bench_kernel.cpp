@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "engine/kernel.h"
+#include "engine/safeguard.h"
 #include "models/eos_pure.h"
 #include "models/virial.h"
 #include "session/constants.h"
@@ -160,7 +161,10 @@ struct Point {
   peq::Vec<double> y;
 };
 
-void BM_CalcBubbleP(benchmark::State& state, Kind kind) {
+// safe: the same walk through the safeguarded routine (engine/safeguard), whose points all
+// converge the first time; the difference is the cost of its test.
+void BM_CalcBubbleP(benchmark::State& state, Kind kind, bool safe = false) {
+  const auto bubble = safe ? &peq::SafeBubbleP : &peq::CalcBubbleP;
   const int n = static_cast<int>(state.range(0));
   peq::Session s = Mixture(n, kind);
   const double T = 340.0;
@@ -169,7 +173,7 @@ void BM_CalcBubbleP(benchmark::State& state, Kind kind) {
   double vL, vV, p = 0;
   peq::Vec<double> y0(static_cast<std::size_t>(n) + 1, 0.0);
   for (int k = 0; k < kPoints; ++k) {
-    p = peq::CalcBubbleP(s, T, xs[k], p, k == 0 ? y0 : pts[k - 1].y, s.Gamma, s.PhiKorr, s.KWert, vL, vV);
+    p = bubble(s, T, xs[k], p, k == 0 ? y0 : pts[k - 1].y, s.Gamma, s.PhiKorr, s.KWert, vL, vV);
     if (p <= 0) {
       state.SkipWithError("no bubble point on the walk");
       return;
@@ -178,13 +182,14 @@ void BM_CalcBubbleP(benchmark::State& state, Kind kind) {
   }
   int k = 1;
   for (auto _ : state) {
-    const double r = peq::CalcBubbleP(s, T, xs[k], pts[k - 1].v, pts[k - 1].y, s.Gamma, s.PhiKorr, s.KWert, vL, vV);
+    const double r = bubble(s, T, xs[k], pts[k - 1].v, pts[k - 1].y, s.Gamma, s.PhiKorr, s.KWert, vL, vV);
     benchmark::DoNotOptimize(r);
     if (++k == kPoints) k = 1;
   }
 }
 
-void BM_CalcBubbleT(benchmark::State& state, Kind kind) {
+void BM_CalcBubbleT(benchmark::State& state, Kind kind, bool safe = false) {
+  const auto bubble = safe ? &peq::SafeBubbleT : &peq::CalcBubbleT;
   const int n = static_cast<int>(state.range(0));
   peq::Session s = Mixture(n, kind);
   const double p = 101.325;
@@ -195,7 +200,7 @@ void BM_CalcBubbleT(benchmark::State& state, Kind kind) {
   peq::Vec<double> y0(static_cast<std::size_t>(n) + 1, 0.0);
   for (int k = 0; k < kPoints; ++k) {
     double Tin = k == 0 ? 0.0 : pts[k - 1].v;
-    const double T = peq::CalcBubbleT(s, p, xs[k], Tin, k == 0 ? y0 : pts[k - 1].y, warn, s.KWert, vL, vV);
+    const double T = bubble(s, p, xs[k], Tin, k == 0 ? y0 : pts[k - 1].y, warn, s.KWert, vL, vV);
     if (T <= 0) {
       state.SkipWithError("no bubble temperature on the walk");
       return;
@@ -205,7 +210,7 @@ void BM_CalcBubbleT(benchmark::State& state, Kind kind) {
   int k = 1;
   for (auto _ : state) {
     double Tin = pts[k - 1].v;
-    const double r = peq::CalcBubbleT(s, p, xs[k], Tin, pts[k - 1].y, warn, s.KWert, vL, vV);
+    const double r = bubble(s, p, xs[k], Tin, pts[k - 1].y, warn, s.KWert, vL, vV);
     benchmark::DoNotOptimize(r);
     if (++k == kPoints) k = 1;
   }
@@ -221,5 +226,15 @@ BENCHMARK_CAPTURE(BM_CalcBubbleT, NRTL_virial, Kind::NRTLVirial)->Arg(2)->Arg(10
 BENCHMARK_CAPTURE(BM_CalcBubbleT, ModUNIFAC_ideal_gas, Kind::ModUnifac)->Arg(2)->Arg(10)->ArgNames({"n"});
 BENCHMARK_CAPTURE(BM_CalcBubbleT, PR_vdW, Kind::PRvdW)->Arg(2)->Arg(10)->ArgNames({"n"});
 BENCHMARK_CAPTURE(BM_CalcBubbleT, PR_GE_NRTL, Kind::PRGE)->Arg(2)->Arg(10)->ArgNames({"n"});
+BENCHMARK_CAPTURE(BM_CalcBubbleP, NRTL_ideal_gas_safeguarded, Kind::NRTLIdeal, true)->Arg(2)->Arg(10)->ArgNames({"n"});
+BENCHMARK_CAPTURE(BM_CalcBubbleP, NRTL_virial_safeguarded, Kind::NRTLVirial, true)->Arg(2)->Arg(10)->ArgNames({"n"});
+BENCHMARK_CAPTURE(BM_CalcBubbleP, ModUNIFAC_ideal_gas_safeguarded, Kind::ModUnifac, true)->Arg(2)->Arg(10)->ArgNames({"n"});
+BENCHMARK_CAPTURE(BM_CalcBubbleP, PR_vdW_safeguarded, Kind::PRvdW, true)->Arg(2)->Arg(10)->ArgNames({"n"});
+BENCHMARK_CAPTURE(BM_CalcBubbleP, PR_GE_NRTL_safeguarded, Kind::PRGE, true)->Arg(2)->Arg(10)->ArgNames({"n"});
+BENCHMARK_CAPTURE(BM_CalcBubbleT, NRTL_ideal_gas_safeguarded, Kind::NRTLIdeal, true)->Arg(2)->Arg(10)->ArgNames({"n"});
+BENCHMARK_CAPTURE(BM_CalcBubbleT, NRTL_virial_safeguarded, Kind::NRTLVirial, true)->Arg(2)->Arg(10)->ArgNames({"n"});
+BENCHMARK_CAPTURE(BM_CalcBubbleT, ModUNIFAC_ideal_gas_safeguarded, Kind::ModUnifac, true)->Arg(2)->Arg(10)->ArgNames({"n"});
+BENCHMARK_CAPTURE(BM_CalcBubbleT, PR_vdW_safeguarded, Kind::PRvdW, true)->Arg(2)->Arg(10)->ArgNames({"n"});
+BENCHMARK_CAPTURE(BM_CalcBubbleT, PR_GE_NRTL_safeguarded, Kind::PRGE, true)->Arg(2)->Arg(10)->ArgNames({"n"});
 
 }  // namespace

@@ -6,6 +6,7 @@
 
 #include "command.h"
 #include "engine/kernel.h"
+#include "engine/safeguard.h"
 #include "models/pureprops.h"
 
 namespace peqcalc {
@@ -36,10 +37,11 @@ int RunT(peq::Session& s, const Args& args, Json& out, peq::MsgSink& msgs) {
   double p = 0;
   peq::Vec<double> y;
   if (!ReadComposition(s, args, "dew-t", 1, &p, y, msgs)) return kExitRefused;
-  const float T = peq::CalcDewT(s, p, y, 0.0);
+  const float T = peq::SafeDewT(s, p, y, 0.0);
   out.Num("T", T);
   out.NumArray("x", PerComponent(s.XLiq, s.NKomp));
   out.NumArray("K", PerComponent(s.KWert, s.NKomp));
+  out.Int("retried", s.Retried);
   return kExitOk;
 }
 
@@ -52,7 +54,8 @@ const CommandEntry kEntryP{Command{
 const CommandEntry kEntryT{Command{
     "dew-t", "p y1 .. yn",
     "dew temperature of the vapour y1 .. yn at p (kPa) (CalcDewT, gamma-phi concept, made start):\n"
-    "T (K, single precision; 0: no dew point), x, K per component",
+    "T (K, single precision; 0: no dew point), x, K per component, retried (-1: found by the\n"
+    "safeguard's retry from Wilson's dew temperature)",
     CheckT, RunT}};
 
 }  // namespace

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "command.h"
-#include "engine/flash.h"
+#include "engine/safeguard.h"
 
 namespace peqcalc {
 
@@ -41,12 +41,13 @@ void Phases(const peq::Session& s, Json& out) {
   out.NumArray("x", PerComponent(s.XLiq, s.NKomp));
   out.NumArray("y", PerComponent(s.YGas, s.NKomp));
   out.NumArray("gamma", PerComponent(s.Gamma, s.NKomp));
+  out.Int("retried", s.Retried);
 }
 
 int RunTP(peq::Session& s, const Args& args, Json& out, peq::MsgSink& msgs) {
   double v[2] = {0, 0};
   if (!ReadFeed(s, args, "flash-tp", v, msgs)) return kExitRefused;
-  out.Num("eta", peq::FlashTP(s, v[0], v[1], s.Feed));
+  out.Num("eta", peq::SafeFlashTP(s, v[0], v[1], s.Feed));
   Phases(s, out);
   return kExitOk;
 }
@@ -54,7 +55,7 @@ int RunTP(peq::Session& s, const Args& args, Json& out, peq::MsgSink& msgs) {
 int RunPEta(peq::Session& s, const Args& args, Json& out, peq::MsgSink& msgs) {
   double v[2] = {0, 0};
   if (!ReadFeed(s, args, "flash-peta", v, msgs)) return kExitRefused;
-  out.Num("T", peq::FlashPEta(s, v[0], v[1], s.Feed));
+  out.Num("T", peq::SafeFlashPEta(s, v[0], v[1], s.Feed));
   Phases(s, out);
   return kExitOk;
 }
@@ -62,7 +63,7 @@ int RunPEta(peq::Session& s, const Args& args, Json& out, peq::MsgSink& msgs) {
 int RunTEta(peq::Session& s, const Args& args, Json& out, peq::MsgSink& msgs) {
   double v[2] = {0, 0};
   if (!ReadFeed(s, args, "flash-teta", v, msgs)) return kExitRefused;
-  out.Num("p", peq::FlashTEta(s, v[0], v[1], s.Feed));
+  out.Num("p", peq::SafeFlashTEta(s, v[0], v[1], s.Feed));
   Phases(s, out);
   return kExitOk;
 }
@@ -70,19 +71,20 @@ int RunTEta(peq::Session& s, const Args& args, Json& out, peq::MsgSink& msgs) {
 const CommandEntry kEntryTP{Command{
     "flash-tp", "T p z1 .. zn",
     "flash of the feed z1 .. zn (normalised) at T (K) and p (kPa) (FlashTP): eta (the molar\n"
-    "vapour fraction; -1: no solution, the arrays then mean nothing), x, y, gamma per component",
+    "vapour fraction; -1: no solution, the arrays then mean nothing), x, y, gamma per component,\n"
+    "retried (-1: found by the safeguard's retry)",
     CheckTP, RunTP}};
 
 const CommandEntry kEntryPEta{Command{
     "flash-peta", "p eta z1 .. zn",
     "flash of the feed at p (kPa) and the vapour fraction eta (FlashPEta): T (K; 0: no\n"
-    "solution), x, y, gamma",
+    "solution), x, y, gamma, retried",
     CheckPEta, RunPEta}};
 
 const CommandEntry kEntryTEta{Command{
     "flash-teta", "T eta z1 .. zn",
     "flash of the feed at T (K) and the vapour fraction eta (FlashTEta): p (kPa; 0 or less: no\n"
-    "solution), x, y, gamma",
+    "solution), x, y, gamma, retried",
     CheckTEta, RunTEta}};
 
 }  // namespace

@@ -102,6 +102,7 @@ int Run(peq::Session& s, const Args& args, Json& out, peq::MsgSink& msgs) {
   double y2 = in.haveX2 ? in.x2 : s.XIso;
   float R1 = 0, R2 = 0, R3 = 0, R4 = 0, outX = 0;
   peq::SingleOut res;
+  s.Retried = 0;
   peq::SingleCalc(s, code, in.x, T, p, y2, R1, R2, R3, R4, s.Komp1, s.Komp2, outX, res, &msgs);
   out.Num("y1", res.Y1);
   out.Num("y2", res.Y2);
@@ -110,6 +111,7 @@ int Run(peq::Session& s, const Args& args, Json& out, peq::MsgSink& msgs) {
   out.Num("outx", outX);
   out.Num("T", T);
   out.Num("p", p);
+  out.Int("retried", s.Retried);
   return kExitOk;
 }
 
@@ -118,7 +120,8 @@ const CommandEntry kEntry{Command{
     "one point of the binary diagram NODIA at the abscissa X (x2 of the pair; for 7 and 183 the\n"
     "temperature in the display unit, with the composition --x2) by SingleCalc; T (K) and p (kPa)\n"
     "default to the project's: y1, y2 (the two ordinates), flag1, flag2 (0 valid, -1 none), outx\n"
-    "(the vapour composition of the bubble-line diagrams), T and p as the routine leaves them",
+    "(the vapour composition of the bubble-line diagrams), T and p as the routine leaves them,\n"
+    "retried (-1: its last bubble or dew point was found by the safeguard's retry)",
     Check, Run}};
 
 }  // namespace

@@ -23,7 +23,7 @@ using peqcalc::kExitOk;
 using peqcalc::kExitRefused;
 using peqcalc::kExitUsage;
 
-const char* kUsage = "usage: peqcalc PROJECT.PQC [--bank-dir DIR] COMMAND [ARGS...]\n"
+const char* kUsage = "usage: peqcalc PROJECT.PQC [--bank-dir DIR] [--exact] COMMAND [ARGS...]\n"
                      "       peqcalc --help";
 
 void PrintHelp() {
@@ -38,6 +38,10 @@ void PrintHelp() {
          "  --bank-dir DIR   directory in which the database of the project is looked up\n"
          "                   (default: the directory of this program, where the bundled\n"
          "                   databases stand)\n"
+         "  --exact          no safeguard for this run: a failed or trivial bubble point or\n"
+         "                   flash is not retried from other start values (the option\n"
+         "                   \"Safeguarded equilibrium calculation\" off); without it an answer\n"
+         "                   found by the retry carries \"retried\": -1\n"
          "  --help, -h       this text\n\n"
          "Commands:\n";
   for (const Command& c : Commands()) {
@@ -78,7 +82,7 @@ std::string ProgramDir(const char* argv0) {
 
 int Main(int argc, char** argv) {
   std::string project, command, bankDir;
-  bool haveBankDir = false;
+  bool haveBankDir = false, exact = false;
   peqcalc::Args args;
   for (int a = 1; a < argc; ++a) {
     const std::string w = argv[a];
@@ -90,7 +94,9 @@ int Main(int argc, char** argv) {
       PrintHelp();
       return kExitOk;
     }
-    if (w == "--bank-dir") {
+    if (w == "--exact") {
+      exact = true;
+    } else if (w == "--bank-dir") {
       if (a + 1 >= argc) return Usage("--bank-dir needs a directory");
       bankDir = argv[++a];
       haveBankDir = true;
@@ -114,6 +120,7 @@ int Main(int argc, char** argv) {
   if (haveBankDir && bankDir.empty()) return Usage("--bank-dir needs a directory");
 
   peq::Session s;
+  s.Safeguard = !exact;
   if (haveBankDir) {
     s.PfadBank = bankDir;
     if (s.PfadBank.back() != '/' && s.PfadBank.back() != '\\') s.PfadBank += '/';

@@ -8,6 +8,7 @@
 #include "diagrams/curve_run.h"
 #include "engine/gap.h"
 #include "engine/kernel.h"
+#include "engine/safeguard.h"
 #include "models/eos_sat.h"
 #include "models/vappressure.h"
 
@@ -20,7 +21,7 @@ double Run::BubbleP(double v, double pStart) {
   SetY(yPrev);
   vL = 0;
   vV = 0;
-  const double pb = CalcBubbleP(s, T, x, pStart, ys, s.Gamma, s.PhiKorr, s.KWert, vL, vV);
+  const double pb = SafeBubbleP(s, T, x, pStart, ys, s.Gamma, s.PhiKorr, s.KWert, vL, vV);
   if (pb > 0) yPrev = K(k2) * x[static_cast<std::size_t>(k2)];
   return pb;
 }
@@ -32,7 +33,7 @@ double Run::BubbleT(double v, double TStart) {
   vV = 0;
   warn = 0;
   double Tin = TStart;
-  const double Tb = CalcBubbleT(s, p, x, Tin, ys, warn, s.KWert, vL, vV);
+  const double Tb = SafeBubbleT(s, p, x, Tin, ys, warn, s.KWert, vL, vV);
   if (Tb > 1e-6) yPrev = K(k2) * x[static_cast<std::size_t>(k2)];
   return Tb;
 }

@@ -10,6 +10,7 @@
 
 #include <cmath>
 
+#include "engine/flash_phases.h"
 #include "engine/kernel.h"
 #include "models/activity.h"
 #include "models/eos_mix.h"
@@ -19,6 +20,32 @@
 #include "session/numeric.h"
 
 namespace peq {
+
+bool BothPhases(Session& s, double T, double p, double& vL, double& vV) {
+  const int n = s.NKomp;
+  EOSWork& w = s.EOSScratch;
+  for (int i = 1; i <= n; ++i) {
+    s.CompMat[0][i] = s.XLiq[i];
+    s.CompMat[1][i] = s.YGas[i];
+  }
+  EOSRoots r{};
+  int16_t nr = 0, err = 0;
+  EOSMixAtX(s, 0, s.CompMat[0], T, s.EOSModel, s.MixRule, s.GEModelEOS, w.Liq);
+  EOSSolve(T, p, vL, w.Liq.a, w.Liq.b, w.Liq.c, w.Liq.d, r, nr, err);
+  if (err != 0) return false;
+  vL = LiquidRoot(r);
+  for (int i = 1; i <= n; ++i)
+    w.PhiL[i] = EOSLnPhi(T, p, vL, s.EOSModel, w.Liq.a, w.Liq.b, w.Liq.c, w.Liq.d, w.Liq.da[i], w.Liq.db[i],
+                         w.Liq.dc[i], w.Liq.dd[i]);
+  EOSMixAtX(s, 0, s.CompMat[1], T, s.EOSModel, s.MixRule, s.GEModelEOS, w.Vap);
+  EOSSolve(T, p, vV, w.Vap.a, w.Vap.b, w.Vap.c, w.Vap.d, r, nr, err);
+  if (err != 0) return false;
+  vV = VapourRoot(r, nr);
+  for (int i = 1; i <= n; ++i)
+    w.PhiV[i] = EOSLnPhi(T, p, vV, s.EOSModel, w.Vap.a, w.Vap.b, w.Vap.c, w.Vap.d, w.Vap.da[i], w.Vap.db[i],
+                         w.Vap.dc[i], w.Vap.dd[i]);
+  return true;
+}
 
 namespace {
 
@@ -45,36 +72,6 @@ void Normalise(Vec<double>& v, int n) {
   double sum = 0;
   for (int i = 1; i <= n; ++i) sum += v[i];
   for (int i = 1; i <= n; ++i) v[i] = chk::Div(v[i], sum);
-}
-
-// phi-phi: CompMat columns from XLiq and YGas; the liquid cubic at T, p from the start vL
-// (vL = root 1, or root 2 when root 1 is not positive) and the vapour cubic from vV (root 3, or
-// root 1 when only one real root exists); phiL and phiV land in EOSScratch.PhiL, PhiV. The
-// T tables must stand (EOSMixAtT). False when a cubic fails.
-bool BothPhases(Session& s, double T, double p, double& vL, double& vV) {
-  const int n = s.NKomp;
-  EOSWork& w = s.EOSScratch;
-  for (int i = 1; i <= n; ++i) {
-    s.CompMat[0][i] = s.XLiq[i];
-    s.CompMat[1][i] = s.YGas[i];
-  }
-  EOSRoots r{};
-  int16_t nr = 0, err = 0;
-  EOSMixAtX(s, 0, s.CompMat[0], T, s.EOSModel, s.MixRule, s.GEModelEOS, w.Liq);
-  EOSSolve(T, p, vL, w.Liq.a, w.Liq.b, w.Liq.c, w.Liq.d, r, nr, err);
-  if (err != 0) return false;
-  vL = LiquidRoot(r);
-  for (int i = 1; i <= n; ++i)
-    w.PhiL[i] = EOSLnPhi(T, p, vL, s.EOSModel, w.Liq.a, w.Liq.b, w.Liq.c, w.Liq.d, w.Liq.da[i], w.Liq.db[i],
-                         w.Liq.dc[i], w.Liq.dd[i]);
-  EOSMixAtX(s, 0, s.CompMat[1], T, s.EOSModel, s.MixRule, s.GEModelEOS, w.Vap);
-  EOSSolve(T, p, vV, w.Vap.a, w.Vap.b, w.Vap.c, w.Vap.d, r, nr, err);
-  if (err != 0) return false;
-  vV = VapourRoot(r, nr);
-  for (int i = 1; i <= n; ++i)
-    w.PhiV[i] = EOSLnPhi(T, p, vV, s.EOSModel, w.Vap.a, w.Vap.b, w.Vap.c, w.Vap.d, w.Vap.da[i], w.Vap.db[i],
-                         w.Vap.dc[i], w.Vap.dd[i]);
-  return true;
 }
 
 // D(i) and E(i) of the flash function from the current phase data.

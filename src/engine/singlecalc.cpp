@@ -7,6 +7,7 @@
 #include <cstdlib>
 
 #include "engine/kernel.h"
+#include "engine/safeguard.h"
 #include "models/activity.h"
 #include "models/pureprops.h"
 #include "models/vapourphi.h"
@@ -35,12 +36,12 @@ void SetPair(Vec<double>& x, int n, int16_t K1, int16_t K2, double x2) {
   x[K2] = x2;
 }
 
-// Bubble pressure at T and bubble temperature at p of the liquid x with made start values;
-// YGas, KWert, Gamma, PhiKorr carry the rest.
+// Bubble pressure at T and bubble temperature at p of the liquid x with made start values,
+// safeguarded as the session asks; YGas, KWert, Gamma, PhiKorr carry the rest.
 double BubbleP(Session& s, double T, const Vec<double>& x, double& vL, double& vV) {
   Vec<double>& y0 = s.FlashWork.Y;
   y0.fill(0.0);
-  return CalcBubbleP(s, T, x, 0.0, y0, s.Gamma, s.PhiKorr, s.KWert, vL, vV);
+  return SafeBubbleP(s, T, x, 0.0, y0, s.Gamma, s.PhiKorr, s.KWert, vL, vV);
 }
 
 double BubbleT(Session& s, double p, const Vec<double>& x, double& vL, double& vV) {
@@ -48,7 +49,7 @@ double BubbleT(Session& s, double p, const Vec<double>& x, double& vL, double& v
   y0.fill(0.0);
   double Tin = 0;
   int16_t warn = 0;
-  return CalcBubbleT(s, p, x, Tin, y0, warn, s.KWert, vL, vV);
+  return SafeBubbleT(s, p, x, Tin, y0, warn, s.KWert, vL, vV);
 }
 
 void Put1(SingleOut& o, double v) {
@@ -162,7 +163,7 @@ void Body(Session& s, int16_t DiaCode, double Xval, double& T, double& p, double
         OutX = s.GapY;
       }
       if (!s.Konzept) {
-        const float Td = CalcDewT(s, p, x, 0.0);
+        const float Td = SafeDewT(s, p, x, 0.0);
         if (Td != 0.0f) Put2(Out, double(Td) - s.TOffsetOut);
       }
       return;

@@ -141,6 +141,22 @@ struct Session {
   struct FlashWorkArrays {
     Vec<double> Z, D, E, X, Y, Phi;
   } FlashWork;
+  // Safeguarded equilibrium calculation (engine/safeguard): a failed or trivial bubble point or
+  // flash is retried once from independent start values. On by default; the options window
+  // switches it and the settings store keeps the choice. Retried is -1 when the answer of the
+  // last safeguarded call came from its retry, else 0.
+  bool Safeguard = true;
+  int16_t Retried = 0;
+  // Copies of the result arrays taken when a retry starts, so that a retry that fails leaves
+  // the arrays as the first attempt left them; start values and work arrays of the retries.
+  // Sized on the first retry of the mixture.
+  struct SafeguardWorkArrays {
+    Vec<float> P0, VLiq;
+    Vec<double> Phi0, Gamma, PhiVMix, PhiKorr, KWert, YGas, XLiq, Comp0, Comp1;
+    Vec<double> Arg1, Arg2, Arg3;  // the caller's own gamma, PhiK, K arrays
+    Mat<double> BVir;
+    Vec<double> Z, X, Y, K, LnK;  // feed, start values, K of the successive substitution
+  } SafeWork;
   // ---- end of the EOS and kernel block ----
 
   // Units and output settings.

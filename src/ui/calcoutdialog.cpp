@@ -56,6 +56,9 @@ CalcOutDialog::CalcOutDialog(peq::mdiPEQ& f, QWidget* parent) : StateDialog(f, p
   lblErgebnis_->setObjectName(QStringLiteral("lblErgebnis"));
   lblErgebnis_->setFont(bold);
   lblErgebnis_->setStyleSheet(QStringLiteral("color: #b00000"));
+  lblHinweis_ = new QLabel(this);
+  lblHinweis_->setObjectName(QStringLiteral("lblHinweis"));
+  lblHinweis_->setWordWrap(true);
 
   auto* werte = new QGroupBox(this);
   auto* wg = new QGridLayout(werte);
@@ -137,6 +140,7 @@ CalcOutDialog::CalcOutDialog(peq::mdiPEQ& f, QWidget* parent) : StateDialog(f, p
   all->addWidget(lblMethode_);
   all->addWidget(lblUeberschrift_);
   all->addWidget(lblErgebnis_);
+  all->addWidget(lblHinweis_);
   all->addWidget(werte);
   all->addLayout(mitte, 1);
   all->addWidget(fraProt);
@@ -160,6 +164,8 @@ void CalcOutDialog::Render() {
   lblUeberschrift_->setText(Q(m.lblUeberschrift));
   lblErgebnis_->setText(Q(m.lblErgebnis));
   lblErgebnis_->setVisible(!m.lblErgebnis.empty());
+  lblHinweis_->setText(Q(m.lblHinweis));
+  lblHinweis_->setVisible(!m.lblHinweis.empty());
   const std::map<std::string, const std::string*> texte = {
       {"txtT", &m.txtT},       {"txtp", &m.txtp},       {"txtEta", &m.txtEta},   {"txtMFeed", &m.txtMFeed},
       {"txtML", &m.txtML},     {"txtMV", &m.txtMV},     {"txtRhoL", &m.txtRhoL}, {"txtRhoV", &m.txtRhoV},

@@ -26,6 +26,7 @@ class CalcOutDialog : public StateDialog {
   peq::frmCalcOut& State() { return w_; }
   QLabel* Heading() const { return lblUeberschrift_; }
   QLabel* Result() const { return lblErgebnis_; }
+  QLabel* Note() const { return lblHinweis_; }
   QRadioButton* ResUnit(int k) const { return optResUnit_[static_cast<std::size_t>(k)]; }
   QTableWidget* Values() const { return grdWerte_; }
   QComboBox* P0List() const { return cmbP0_; }
@@ -44,6 +45,7 @@ class CalcOutDialog : public StateDialog {
   QLabel* lblMethode_ = nullptr;
   QLabel* lblUeberschrift_ = nullptr;
   QLabel* lblErgebnis_ = nullptr;
+  QLabel* lblHinweis_ = nullptr;
   QLabel* lblDatei_ = nullptr;
   std::map<std::string, QLineEdit*> felder_;
   std::array<QRadioButton*, 4> optResUnit_{};

@@ -68,6 +68,9 @@ OptionsDialog::OptionsDialog(peq::mdiPEQ& f, QWidget* parent) : StateDialog(f, p
   chk3D_ = new QCheckBox(Q(peq::kChk3DKonnodenCaption), this);
   chk3D_->setObjectName(QStringLiteral("chk3DKonnoden"));
   connect(chk3D_, &QCheckBox::toggled, this, [this](bool on) { w().chk3DKonnoden = on; });
+  chkSafeguard_ = new QCheckBox(Q(peq::kChkSafeguardCaption), this);
+  chkSafeguard_->setObjectName(QStringLiteral("chkSafeguard"));
+  connect(chkSafeguard_, &QCheckBox::toggled, this, [this](bool on) { w().chkSafeguard = on; });
 
   auto* ok = new QPushButton(Mnemonic(peq::kOptionsOK), this);
   ok->setObjectName(QStringLiteral("cmdOK"));
@@ -82,6 +85,7 @@ OptionsDialog::OptionsDialog(peq::mdiPEQ& f, QWidget* parent) : StateDialog(f, p
   all->addWidget(conc);
   all->addWidget(pts);
   all->addWidget(chk3D_);
+  all->addWidget(chkSafeguard_);
   all->addLayout(buttons);
   connect(ok, &QPushButton::clicked, this, [this] { Do([&] { w().cmdOK(f_); }); });
   connect(cancel, &QPushButton::clicked, this, [this] { Do([&] { Cancel(); }); });
@@ -100,6 +104,8 @@ void OptionsDialog::Render() {
   sliderValue_->setText(QString::number(o.Slider1_Punktdichte));
   const QSignalBlocker c(chk3D_);
   chk3D_->setChecked(o.chk3DKonnoden);
+  const QSignalBlocker d(chkSafeguard_);
+  chkSafeguard_->setChecked(o.chkSafeguard);
 }
 
 void OptionsDialog::Cancel() { w().cmdClose(f_); }

@@ -29,6 +29,7 @@ class OptionsDialog : public StateDialog {
   QSlider* slider_ = nullptr;
   QLabel* sliderValue_ = nullptr;
   QCheckBox* chk3D_ = nullptr;
+  QCheckBox* chkSafeguard_ = nullptr;
 };
 
 }  // namespace pequi

@@ -7,8 +7,8 @@
 #include <system_error>
 #include <utility>
 
-#include "engine/flash.h"
 #include "engine/kernel.h"
+#include "engine/safeguard.h"
 #include "models/activity.h"
 #include "models/pureprops.h"
 #include "session/codepage.h"
@@ -99,6 +99,7 @@ void frmCalcOut::Load(mdiPEQ& f) {
   for (int i = 1; i <= n; ++i) summe += s.FeedN[U(i)];
   Summe = static_cast<float>(summe);
   Geloest = false;
+  Wiederholt = false;
   DichteOK = false;
   RhoL = RhoV = 0;
   ML = MV = MFeed = 0;
@@ -108,6 +109,7 @@ void frmCalcOut::Load(mdiPEQ& f) {
   else
     Aktivitaet(f);
   lblErgebnis = Geloest ? std::string() : kKeineLoesung;
+  lblHinweis = Geloest && Wiederholt ? kHinweisWiederholt : std::string();
   cmdProtokollEnabled = Geloest;
   Anzeigen(s);
 }
@@ -120,7 +122,7 @@ void frmCalcOut::Flash(mdiPEQ& f) {
   eta = s.EtaVCalc;
   switch (Vorgabe) {
     case 2: {
-      const double e = FlashTP(s, T, p, s.Feed);
+      const double e = SafeFlashTP(s, T, p, s.Feed);
       if (e < 0) {
         f.ui.MsgBox(kTitleNotPossible,
                     std::string(kTpAusserhalb[0]) + kNL + kTpAusserhalb[1] + kNL + kTpAusserhalb[2],
@@ -131,19 +133,20 @@ void frmCalcOut::Flash(mdiPEQ& f) {
       break;
     }
     case 1: {
-      const double t = FlashPEta(s, p, eta, s.Feed);
+      const double t = SafeFlashPEta(s, p, eta, s.Feed);
       if (!(t > 0)) return;
       T = t;
       break;
     }
     default: {
-      const double pp = FlashTEta(s, T, eta, s.Feed);
+      const double pp = SafeFlashTEta(s, T, eta, s.Feed);
       if (!(pp > 0)) return;
       p = pp;
       break;
     }
   }
   Geloest = true;
+  Wiederholt = s.Retried != 0;
   Festhalten(s);
   try {
     // Mean molar masses of the phases and of the feed, summed in single precision.
@@ -211,6 +214,7 @@ void frmCalcOut::Aktivitaet(mdiPEQ& f) {
     return;
   }
   Geloest = true;
+  Wiederholt = s.Retried != 0;
   Festhalten(s);
 }
 

@@ -30,6 +30,10 @@ inline constexpr const char* kUeberschriftT = ", T/K = ";
 inline constexpr const char* kUeberschriftAktiv = "Activity coefficients, T/K = ";
 // Failures.
 inline constexpr const char* kKeineLoesung = "no solution possible";
+// The note under the heading when the safeguard's second attempt found the result.
+inline constexpr const char* kHinweisWiederholt =
+    "Note: the first attempt found no two-phase result; this result comes from a second attempt "
+    "with other start values.";
 inline constexpr const char* kTpAusserhalb[3] = {
     "With your T-p combination you", "are outside the PEQ range.",
     "Advice: You should get an overview of this situation using the p-x or T-x diagram."};
@@ -73,9 +77,11 @@ struct frmCalcOut {
   std::string lblMethode;  // the line under the title
   std::string lblUeberschrift;
   std::string lblErgebnis;  // "no solution possible" after a failure, else empty
+  std::string lblHinweis;   // kHinweisWiederholt when the safeguard's retry found the result, else empty
   int16_t Art = 1;          // CalcArt at load
   int16_t Vorgabe = 2;      // CalcVorgabe at load
   bool Geloest = false;     // the calculation gave a result
+  bool Wiederholt = false;  // ... found by the safeguard's retry (safeguarded equilibrium)
 
   // The result: T (K), p (kPa), eta(V), the sum of the feed (kmol) and the phase arrays as the
   // calculation left them (1..NKomp).

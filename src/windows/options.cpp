@@ -27,6 +27,7 @@ void frmOptions::Load(const Session& s) {
   optConcUnit = s.ConcUnit == 1 ? 1 : 0;
   Slider1_Punktdichte = SliderWert(s.KurvenPunkte);
   chk3DKonnoden = s.Konoden3D;
+  chkSafeguard = s.Safeguard;
 }
 
 int16_t frmOptions::SliderWert(int v) {
@@ -69,6 +70,9 @@ void frmOptions::cmdOK(mdiPEQ& f) {
   }
   // 6. Points per curve; close.
   s.KurvenPunkte = SliderWert(Slider1_Punktdichte);
+  // The safeguard of the equilibrium routines, kept for the next start as well.
+  f.ui.SaveSetting(kSafeguardSection, kSafeguardKey, chkSafeguard ? "1" : "0");
+  s.Safeguard = chkSafeguard;
   f.Unload(WindowId::frmOptions);
 }
 

@@ -1,5 +1,6 @@
 // frmOptions: how results are expressed (unit of the thermodynamic functions, output
-// temperature, concentration unit, points per curve, tie-lines of 3D diagrams).
+// temperature, concentration unit, points per curve, tie-lines of 3D diagrams), and whether
+// failed or trivial equilibrium points are retried (the safeguard of engine/safeguard.h).
 #pragma once
 
 #include <cstdint>
@@ -17,6 +18,10 @@ inline constexpr const char* kOptTOutCaptions[2] = {"K", "°C"};
 inline constexpr const char* kOptConcUnitCaptions[2] = {"mole fraction x", "mass fraction"};
 inline constexpr const char* kSliderCaption = "Points per curve";
 inline constexpr const char* kChk3DKonnodenCaption = "Draw tie-line if mixing gap";
+inline constexpr const char* kChkSafeguardCaption = "Safeguarded equilibrium calculation (retry failed or trivial points)";
+// Where the settings store keeps the choice, beside "Show Tips at Startup": "1" on, "0" off.
+inline constexpr const char* kSafeguardSection = "Options";
+inline constexpr const char* kSafeguardKey = "Safeguarded Equilibrium";
 inline constexpr const char* kOptionsOK = "&OK";
 inline constexpr const char* kOptionsCancel = "&Cancel";
 
@@ -34,9 +39,11 @@ struct frmOptions {
   int16_t optConcUnit = 0;        // 0 mole fraction, 1 mass fraction
   int16_t Slider1_Punktdichte = 600;
   bool chk3DKonnoden = false;
+  bool chkSafeguard = true;
 
   void Load(const Session& s);
-  // Accepting, steps 1 to 6; closes the window.
+  // Accepting, steps 1 to 6, then the safeguard switch into the session and the settings
+  // store; closes the window.
   void cmdOK(mdiPEQ& f);
   // Closes with nothing changed.
   void cmdClose(mdiPEQ& f);

@@ -212,6 +212,7 @@ void mdiPEQ::Startup() {
   s.EtaVCalc = 0;
   s.KurvenPunkte = 600;
   s.ListTrenner = ";";
+  s.Safeguard = ui.GetSetting(kSafeguardSection, kSafeguardKey, "1") != "0";
   s.ProtokollDatei = NeueProtokollDatei(WriteDir());
   // 7. Arrays for two components.
   Step(7);

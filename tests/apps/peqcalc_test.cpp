@@ -267,7 +267,7 @@ std::vector<std::string> ReplaceLine(const std::string& path, std::size_t line, 
 TEST(Peqcalc, HelpDescribesUsageAndCommands) {
   const peqtest::PeqcalcRun r = peqtest::RunPeqcalc({"--help"});
   EXPECT_EQ(r.code, 0);
-  EXPECT_NE(r.out.find("usage: peqcalc PROJECT.PQC [--bank-dir DIR] COMMAND"), std::string::npos);
+  EXPECT_NE(r.out.find("usage: peqcalc PROJECT.PQC [--bank-dir DIR] [--exact] COMMAND"), std::string::npos);
   EXPECT_NE(r.out.find("pure T"), std::string::npos);
   EXPECT_NE(r.out.find("--bank-dir DIR"), std::string::npos);
   EXPECT_NE(r.out.find("64 bad usage"), std::string::npos);

@@ -1,5 +1,6 @@
 // The main window through its widgets: menus and toolbar gated by the stages, the substance
 // window, the model window and its parameter window, the options, a project saved and loaded.
+#include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
@@ -224,10 +225,18 @@ TEST_F(Walk, OptionsThroughTheMenu) {
     ASSERT_NE(r, nullptr);
     QTest::mouseClick(r, Qt::LeftButton, {}, QPoint(8, r->height() / 2));
   }
+  // The safeguard of the equilibrium routines: on, and switched off by a click.
+  auto* sg = od->findChild<QCheckBox*>(QStringLiteral("chkSafeguard"));
+  ASSERT_NE(sg, nullptr);
+  EXPECT_EQ(sg->text(), QStringLiteral("Safeguarded equilibrium calculation (retry failed or trivial points)"));
+  EXPECT_TRUE(sg->isChecked());
+  sg->click();
   QTest::mouseClick(od->findChild<QPushButton*>(QStringLiteral("cmdOK")), Qt::LeftButton);
   QApplication::processEvents();
   EXPECT_EQ(win->Sess().TOffsetOut, 0.0);
   EXPECT_EQ(win->Sess().ConcUnit, 1);
+  EXPECT_FALSE(win->Sess().Safeguard);
+  EXPECT_EQ(win->GetSetting("Options", "Safeguarded Equilibrium", "1"), "0");
   EXPECT_EQ(win->WindowOf(WindowId::frmOptions), nullptr);
 }
 
