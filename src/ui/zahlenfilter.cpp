@@ -13,7 +13,7 @@ void ZahlenFilter::Install(QLineEdit* box) { box->installEventFilter(new ZahlenF
 void ZahlenFilter::InstallMenge(QLineEdit* box) { box->installEventFilter(new ZahlenFilter(box, true)); }
 
 // The key as the character code MengenTaste judges: Ctrl with a letter is its control code
-// (Ctrl+C 3, Ctrl+V 22), Enter 13, Backspace 8 (not passed: a character key like any other), a
+// (Ctrl+C 3, Ctrl+V 22), Enter 13, Backspace 8, a
 // typed character its code; Alt combinations do not reach the box. Keys that type nothing (Tab,
 // Escape, arrows, Home, End, Delete) keep their meaning for the box and the window.
 bool ZahlenFilter::MengeFilter(QObject* watched, const QKeyEvent* key) {

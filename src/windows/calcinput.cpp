@@ -65,6 +65,8 @@ bool MengenTaste(int& keyAscii) {
     case '0': case '1': case '2': case '3': case '4': case '5': case '6': case '7': case '8': case '9':
     case '.': case 13: case 3: case 22:
       return true;
+    case 8:  // Backspace only takes a character away: a typing slip stays easy to mend
+      return true;
     default:
       return false;
   }
