@@ -2,6 +2,7 @@
 // abscissa unit, the inside test and the run-time error box.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <string>
@@ -10,6 +11,7 @@
 #include "diagrams/curve_run.h"
 #include "diagrams/kurven.h"
 #include "engine/excess.h"
+#include "models/eos_phi.h"
 #include "models/activity.h"
 #include "models/vappressure.h"
 #include "support/fuzzy.h"
@@ -313,4 +315,60 @@ TEST(CalcCurveCases, FailedBoilingTemperatureOfTheGapSearchIsExecutionNotPossibl
                      "Error while calculating vapour pressure\nTry to change the vapour pressure equation"));
   EXPECT_EQ(d.n1(), 0u);
   EXPECT_EQ(d.n2(), 0u);
+}
+
+namespace {
+
+// Carbon dioxide(1)/n-butane(2), Peng-Robinson with the quadratic rule and k(12) = 0 (IUPAC
+// critical constants, PSRK acentric factors).
+peq::Session CO2Butane() {
+  return peqtest::PhiPhi({{"Carbon dioxide", 44.0095, 304.13, 7377.3, 467.6, 0.2236},
+                          {"n-Butane", 58.1222, 425.125, 3796, 228.0, 0.2002}},
+                         5, 2);
+}
+
+}  // namespace
+
+TEST(CalcCurveCases, PhiPhiExcessCurveCarriesThePressureFromPointToPoint) {
+  // At 344.26 K (above the T(cr) of CO2) the walk from pure n-butane follows the bubble line up to
+  // the critical point of the mixture near x2 = 0.2 and 8150 kPa. Each bubble point starts from
+  // the previous one, so none of them fails or lands on the trivial solution above that maximum,
+  // and gE changes smoothly along the line.
+  peq::Session s = CO2Butane();
+  s.KurvenPunkte = 100;
+  Coords(s, 0, 1, -1e5f, 1e5f);
+  const Drawn d = Draw(s, 110, 344.26, 101.325);
+  ASSERT_GT(d.n1(), 50u);
+  std::size_t i = 1;
+  double pMax = 0;
+  for (; i < d.k1.size() && d.k1[i].z > 0; ++i) {
+    if (i > 1) {
+      EXPECT_GT(d.k1[i].z, d.k1[i - 1].z) << d.k1[i].x;
+      EXPECT_LT(std::fabs(d.k1[i].y - d.k1[i - 1].y), 100.0) << d.k1[i].x;
+    }
+    pMax = std::max(pMax, static_cast<double>(d.k1[i].z));
+  }
+  EXPECT_LT(d.k1[i - 1].x, 0.25f);  // the bubble line holds down to the critical region
+  EXPECT_LT(pMax, 8200.0);
+  EXPECT_GT(pMax, 7500.0);
+}
+
+TEST(CalcCurveCases, PhiPhiExcessHasNoValueWhereAPureLiquidHasNoRoot) {
+  // At 280 K the cubic of pure CO2 has only its vapour root below about 660 kPa: the excess
+  // functions, which refer to the pure liquids, then have no value, instead of jumping by x1 times
+  // the difference of the vapour and the liquid residual functions (605 against 15.6 kJ/kmol
+  // between x2 = 0.835 and 0.82, where the bubble pressure crosses that limit).
+  peq::Session s = CO2Butane();
+  const peq::Vec<double> x = peqtest::Comp({0.165, 0.835});
+  double hE = 0, TsE = 0, gE = 0;
+  EXPECT_EQ(peq::EOSExcess(s, 280.0, 631.4, x, hE, TsE, gE), -1);
+  ASSERT_EQ(peq::EOSExcess(s, 280.0, 678.4, x, hE, TsE, gE), 0);
+  EXPECT_LT(std::fabs(gE), 100.0);
+  // Along the curve: no jump between neighbouring points.
+  s.KurvenPunkte = 100;
+  Coords(s, 0, 1, -1e5f, 1e5f);
+  const Drawn d = Draw(s, 110, 280.0, 101.325);
+  ASSERT_GT(d.n1(), 30u);
+  for (std::size_t i = 2; i < d.k1.size(); ++i)
+    EXPECT_LT(std::fabs(d.k1[i].y - d.k1[i - 1].y), 50.0) << d.k1[i].x;
 }
