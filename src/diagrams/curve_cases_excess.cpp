@@ -71,8 +71,17 @@ void CaseGE(Run& r) {
       }
       g = GE;
     }
-    if (mischung) g += RT * GMIdeal(order, v);
-    return g * s.FuFaktor;
+    try {
+      if (mischung) g += RT * GMIdeal(order, v);
+      g *= s.FuFaktor;
+      // The curve keeps single precision: a value beyond its range is a failed point of the
+      // curve, left out, not a run-time error.
+      (void)CSng(g);
+    } catch (const NumericFault&) {
+      ok = false;
+      return 0;
+    }
+    return g;
   };
 
   const double step = -1.5 * r.DX;

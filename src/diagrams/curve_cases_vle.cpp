@@ -1,6 +1,7 @@
 // Curve tracer, the phase-equilibrium families: p-x (1), x-y isothermal (3) and isobaric (6),
 // T-x (4), binodal (41), K values (5, 51), the isosteric vapour-pressure curve (7) and the
 // relative volatility (10, 11).
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 
@@ -278,7 +279,13 @@ void CaseKIsotherm(Run& r) {
   r.Walk(w.start, w.end, w.sign * r.DX, GapJump(r), point);
   if (s.XMax == 1.0f && !s.Konzept) {
     try {
-      point(1.0);
+      const std::size_t n1 = r.K1.size(), n2 = r.K2.size();
+      // The point at x2 = 1 stands in walk order: last when the walk ends there, first when it
+      // starts there, so that the line does not run back over the whole curve.
+      if (point(1.0) && w.start == 1.0 && r.K1.size() > n1 && r.K2.size() > n2) {
+        std::rotate(r.K1.begin() + 1, r.K1.end() - 1, r.K1.end());
+        std::rotate(r.K2.begin() + 1, r.K2.end() - 1, r.K2.end());
+      }
     } catch (const NumericFault& e) {
       r.Fault(e);
     }

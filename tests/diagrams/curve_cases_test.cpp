@@ -25,11 +25,18 @@ TEST(CalcCurveCases, KValuesAtTGetTheExtraPointAtXTwoEqualOne) {
   peq::Session s = peqtest::BenzeneToluene();
   s.KurvenPunkte = 10;
   Coords(s, 0, 1, 0, 10);
-  // Benzene (lower T(cr)) is Komp1: the walk runs 1 -> 0 and the extra point stands at the end.
+  // Benzene (lower T(cr)) is Komp1: the walk runs 1 -> 0, and the extra point at x2 = 1 stands
+  // in walk order, first, so that no line runs back from x2 = 0 to 1.
   const Drawn d = Draw(s, 5, 363.15, 101.325);
   ASSERT_GT(d.n1(), 5u);
-  EXPECT_EQ(d.k1.back().x, 1.0f);
   EXPECT_EQ(d.k1[1].x, 1.0f);
+  EXPECT_EQ(d.k1[2].x, 1.0f);
+  EXPECT_EQ(d.k2[1].x, 1.0f);
+  for (std::size_t i = 2; i < d.k1.size(); ++i) {
+    EXPECT_LE(d.k1[i].x, d.k1[i - 1].x) << i;
+    EXPECT_LE(d.k2[i].x, d.k2[i - 1].x) << i;
+  }
+  EXPECT_LT(d.k1.back().x, 0.02f);
   // Ideal pair: K(i) = p0(i)/p with p the bubble pressure (the third quantity).
   std::string c = "ALP";
   int16_t dT = 0;
@@ -42,6 +49,20 @@ TEST(CalcCurveCases, KValuesAtTGetTheExtraPointAtXTwoEqualOne) {
   const Drawn e = Draw(s, 5, 363.15, 101.325);
   EXPECT_NEAR(e.k1.back().x, 0.01f, 1e-6);
   EXPECT_EQ(e.n1(), 12u);
+}
+
+TEST(CalcCurveCases, KValuesAtTKeepWalkOrderFromTheWaterEnd) {
+  // Ethanol(1)/water(2): water has the higher T(cr), the walk runs from x2 = 1 (K1 at infinite
+  // dilution, about 13) to 0.01 (K1 about 1); the extra point at x2 = 1 must not follow 0.01.
+  peq::Session s = peqtest::EthanolWater(0);
+  s.KurvenPunkte = 100;
+  Coords(s, 0, 1, 0, 20);
+  const Drawn d = Draw(s, 5, 343.15, 101.325);
+  ASSERT_GT(d.n1(), 50u);
+  EXPECT_GT(d.k1[1].y, 5.0f);
+  EXPECT_LT(d.k1.back().x, 0.02f);
+  EXPECT_LT(d.k1.back().y, 2.0f);
+  for (std::size_t i = 2; i < d.k1.size(); ++i) EXPECT_LE(d.k1[i].x, d.k1[i - 1].x) << i;
 }
 
 TEST(CalcCurveCases, LnF2F1EndsWithThePointAtXMax) {
@@ -284,7 +305,7 @@ TEST(CalcCurveCases, FailCounterEndsAtItsLimitAndResetsOnlyWhenAsked) {
 // A = -4: p/p0 = x1 exp(-4 x2^2) + x2 exp(-4 x1^2) dips below 1E-6/2.2E-6 = 0.4545 between
 // x2 = 0.36 and 0.64 (hand: 0.4628 at 0.65, 0.4511 at 0.64). The K-value walk from x2 = 1 by
 // 0.01 fails five times (0.64 .. 0.60) and ends there, although the points below 0.36 would be
-// good again; the extra point at x2 = 1 follows.
+// good again; the extra point at x2 = 1 stands first, in walk order.
 TEST(CalcCurveCases, FiveFailsEndTheKValueWalk) {
   peq::Session s = peqtest::BenzeneToluene();
   for (int i = 1; i <= 2; ++i) {
@@ -299,8 +320,10 @@ TEST(CalcCurveCases, FiveFailsEndTheKValueWalk) {
   float lowest = 1;
   for (std::size_t i = 1; i < d.k1.size(); ++i) lowest = std::fmin(lowest, d.k1[i].x);
   EXPECT_NEAR(lowest, 0.65f, 1e-5);
-  EXPECT_EQ(d.n1(), 37u);  // 1.00 .. 0.65 and the extra point at 1
-  EXPECT_EQ(d.k1.back().x, 1.0f);
+  EXPECT_EQ(d.n1(), 37u);  // the extra point at 1 and 1.00 .. 0.65
+  EXPECT_EQ(d.k1[1].x, 1.0f);
+  EXPECT_EQ(d.k1[2].x, 1.0f);
+  EXPECT_NEAR(d.k1.back().x, 0.65f, 1e-5);
 }
 
 // An isobaric gap search whose boiling temperature fails stops the call with the box of the
@@ -371,4 +394,27 @@ TEST(CalcCurveCases, PhiPhiExcessHasNoValueWhereAPureLiquidHasNoRoot) {
   ASSERT_GT(d.n1(), 30u);
   for (std::size_t i = 2; i < d.k1.size(); ++i)
     EXPECT_LT(std::fabs(d.k1[i].y - d.k1[i - 1].y), 50.0) << d.k1[i].x;
+}
+
+TEST(CalcCurveCases, PointsBeyondTheSinglePrecisionRangeAreLeftOutWithoutABox) {
+  // Order 6 of delta(M)g: the ends, moved in by 1E-8, give 4! 1E40 from the ideal term, beyond
+  // single precision. Those points fail and are left out; no "Message from Sub CalcCurve" box.
+  peq::Session s = peqtest::EthanolWater(0);
+  s.KurvenPunkte = 100;
+  Coords(s, 0, 1, -1e9f, 1e9f);
+  const Drawn d = Draw(s, 126, 343.15, 101.325);
+  EXPECT_TRUE(d.msgs.empty()) << (d.msgs.empty() ? "" : d.msgs.front().title + ": " + d.msgs.front().text);
+  ASSERT_GT(d.n1(), 50u);
+  for (std::size_t i = 1; i < d.k1.size(); ++i) {
+    EXPECT_TRUE(std::isfinite(d.k1[i].y));
+    EXPECT_GT(d.k1[i].x, 1e-7f);
+    EXPECT_LT(d.k1[i].x, 1.0f);
+  }
+  // The point next to the start end is the first of the curve: x2 = 1 - 1E-8 - 0.015.
+  EXPECT_NEAR(d.k1[1].x, 0.985f, 1e-6);
+  // Order 6 of gE alone stays within range at the end and keeps that point.
+  const Drawn g = Draw(s, 116, 343.15, 101.325);
+  EXPECT_TRUE(g.msgs.empty());
+  EXPECT_EQ(g.n1(), d.n1() + 1);
+  EXPECT_FLOAT_EQ(g.k1[1].x, static_cast<float>(1.0 - 1e-8));
 }
