@@ -191,8 +191,10 @@ double BubblePPhiPhi(Session& s, double T, const Vec<double>& x, double pStart, 
   PhaseAt(s, 0, T, s.EOSScratch.Liq);
   int counter = 0;
   double F = 0, FLast = 0, dp = 0;
+  s.KernScratch.Rounds = 0;
   while (true) {
     if (++counter > 300) return p;
+    s.KernScratch.Rounds = counter;
     Normalise(y, n);
     FloorInto(s, 1, y);
     if (!PhiPhiK(s, T, p, vL, vV, K)) return 0.0;
@@ -323,8 +325,10 @@ double BubbleTPhiPhi(Session& s, double p, const Vec<double>& x, double& Targ, c
   FloorInto(s, 0, x);
   int counter = 0;
   double F = 0, FLast = 0, dT = 0;
+  s.KernScratch.Rounds = 0;
   do {
     ++counter;
+    s.KernScratch.Rounds = counter;
     EOSMixAtT(s, T, s.EOSModel, s.MixRule, s.GEModelEOS, false);
     PhaseAt(s, 0, T, s.EOSScratch.Liq);
     FloorInto(s, 1, y);

@@ -16,6 +16,7 @@
 //   XLiq     liquid composition of the last dew calculation (normalised)
 //   KWert, Gamma, PhiKorr, PhiVMix as the callers pass them, see each routine
 //   CompMat  [0] liquid and [1] vapour compositions handed to the EOS (phi-phi)
+//   KernScratch.Rounds  rounds of the last phi-phi bubble-pressure or bubble-temperature iteration
 #pragma once
 
 #include <cstdint>
