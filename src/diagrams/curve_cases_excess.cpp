@@ -36,10 +36,15 @@ void CaseGE(Run& r) {
       return;
     }
   }
-  // Value of the point at x2 = v and the bubble pressure as its third quantity.
+  // Value of the point at x2 = v and the bubble pressure as its third quantity. As in the p-x
+  // walk, each bubble point starts from the pressure and the vapour of the previous good point.
+  double pPrev = 0;
   auto value = [&](double v, double& z, bool& ok) -> double {
-    z = r.BubbleP(v, 0.0);
-    if (!(z > 0)) z = 0;
+    z = r.BubbleP(v, pPrev);
+    if (z > 0)
+      pPrev = z;
+    else
+      z = 0;
     r.SetX(v);
     ok = true;
     double g = 0;
@@ -66,8 +71,17 @@ void CaseGE(Run& r) {
       }
       g = GE;
     }
-    if (mischung) g += RT * GMIdeal(order, v);
-    return g * s.FuFaktor;
+    try {
+      if (mischung) g += RT * GMIdeal(order, v);
+      g *= s.FuFaktor;
+      // The curve keeps single precision: a value beyond its range is a failed point of the
+      // curve, left out, not a run-time error.
+      (void)CSng(g);
+    } catch (const NumericFault&) {
+      ok = false;
+      return 0;
+    }
+    return g;
   };
 
   const double step = -1.5 * r.DX;
@@ -85,6 +99,7 @@ void CaseGE(Run& r) {
   });
   if (order == 0) Run::Append(r.K1, 0.0, 0.0, 0.0);
   if (r.Real && s.HatGap && s.GapAktiv) {
+    pPrev = 0;
     for (float xg : {r.GapX1, r.GapX2}) {
       double z = 0;
       bool ok = true;

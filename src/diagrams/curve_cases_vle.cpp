@@ -1,6 +1,7 @@
 // Curve tracer, the phase-equilibrium families: p-x (1), x-y isothermal (3) and isobaric (6),
 // T-x (4), binodal (41), K values (5, 51), the isosteric vapour-pressure curve (7) and the
 // relative volatility (10, 11).
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 
@@ -36,18 +37,25 @@ Richtung ByPc(const Run& r, double pcMax) {
 
 bool GapJump(const Run& r) { return r.Real && r.s.HatGap; }
 
+constexpr const char* kImGap = " lies inside the mixing gap; the real state there is the three-phase point";
+
 // Pure vapour pressure of component i at T: the equation of state under phi-phi, the
 // vapour-pressure equation (the P0 of the start) otherwise.
 double PureP(Run& r, int16_t i) {
   return r.s.Konzept ? ReinDampfdruck(r.s, i, r.T) : r.P0[static_cast<std::size_t>(i)];
 }
 
-// Azeotrope comment of the x-y diagrams.
+// Azeotrope comment of the x-y diagrams. The march of IsBinaerAzeotrop follows the homogeneous
+// bubble line, so with a mixing gap at this T or p it can find a point inside the gap, where the
+// real state is the three-phase point: the comment then says so.
 void AzeotropText(Run& r, const char* maxText, const char* minText) {
   double xaz = 0;
   int16_t kind = 0, overrun = 0;
-  if (IsBinaerAzeotrop(r.s, r.T, r.p, xaz, kind, overrun, r.sink))
-    r.Kommentar = std::string(kind != 0 ? maxText : minText) + std::to_string(r.k2) + ") = " + FormatZahl(xaz, "0.0000");
+  if (!IsBinaerAzeotrop(r.s, r.T, r.p, xaz, kind, overrun, r.sink)) return;
+  r.Kommentar = std::string(kind != 0 ? maxText : minText) + std::to_string(r.k2) + ") = " + FormatZahl(xaz, "0.0000");
+  // xaz is x2 of the pair (1, 2); the gap compositions are those of Komp2.
+  const double xk2 = r.k2 == 2 ? xaz : 1.0 - xaz;
+  if (r.s.HatGap && xk2 >= r.GapLo && xk2 <= r.GapHi) r.Kommentar += kImGap;
 }
 
 }  // namespace
@@ -278,7 +286,13 @@ void CaseKIsotherm(Run& r) {
   r.Walk(w.start, w.end, w.sign * r.DX, GapJump(r), point);
   if (s.XMax == 1.0f && !s.Konzept) {
     try {
-      point(1.0);
+      const std::size_t n1 = r.K1.size(), n2 = r.K2.size();
+      // The point at x2 = 1 stands in walk order: last when the walk ends there, first when it
+      // starts there, so that the line does not run back over the whole curve.
+      if (point(1.0) && w.start == 1.0 && r.K1.size() > n1 && r.K2.size() > n2) {
+        std::rotate(r.K1.begin() + 1, r.K1.end() - 1, r.K1.end());
+        std::rotate(r.K2.begin() + 1, r.K2.end() - 1, r.K2.end());
+      }
     } catch (const NumericFault& e) {
       r.Fault(e);
     }

@@ -2,6 +2,7 @@
 #include <cmath>
 
 #include "engine/kernel.h"
+#include "engine/kernel_copy.h"
 #include "models/activity.h"
 #include "models/eos_mix.h"
 #include "models/eos_phi.h"
@@ -98,7 +99,7 @@ bool PhiPhiK(Session& s, double T, double p, double& vL, double& vV, Vec<double>
 
 // ------------------------------------------------------------------------- bubble pressure
 
-double BubblePGammaPhi(Session& s, double T, const Vec<double>& x, double pStart, Vec<double>& gamma,
+double BubblePGammaPhi(Session& s, double T, Vec<double>& x, double pStart, Vec<double>& gamma,
                        Vec<double>& PhiK, Vec<double>& K) {
   const int n = s.NKomp;
   int16_t err = 0, warn = 0;
@@ -190,8 +191,10 @@ double BubblePPhiPhi(Session& s, double T, const Vec<double>& x, double pStart, 
   PhaseAt(s, 0, T, s.EOSScratch.Liq);
   int counter = 0;
   double F = 0, FLast = 0, dp = 0;
+  s.KernScratch.Rounds = 0;
   while (true) {
     if (++counter > 300) return p;
+    s.KernScratch.Rounds = counter;
     Normalise(y, n);
     FloorInto(s, 1, y);
     if (!PhiPhiK(s, T, p, vL, vV, K)) return 0.0;
@@ -215,7 +218,7 @@ double BubblePPhiPhi(Session& s, double T, const Vec<double>& x, double pStart, 
 
 // ------------------------------------------------------------------------- bubble temperature
 
-double BubbleTGammaPhi(Session& s, double p, const Vec<double>& x, double Tin, int16_t& Warn, Vec<double>& K) {
+double BubbleTGammaPhi(Session& s, double p, Vec<double>& x, double Tin, int16_t& Warn, Vec<double>& K) {
   const int n = s.NKomp;
   int16_t err = 0, kerr = 0;
   const int pure = PureComponent(s, x);
@@ -322,8 +325,10 @@ double BubbleTPhiPhi(Session& s, double p, const Vec<double>& x, double& Targ, c
   FloorInto(s, 0, x);
   int counter = 0;
   double F = 0, FLast = 0, dT = 0;
+  s.KernScratch.Rounds = 0;
   do {
     ++counter;
+    s.KernScratch.Rounds = counter;
     EOSMixAtT(s, T, s.EOSModel, s.MixRule, s.GEModelEOS, false);
     PhaseAt(s, 0, T, s.EOSScratch.Liq);
     FloorInto(s, 1, y);
@@ -350,7 +355,7 @@ double BubbleTPhiPhi(Session& s, double p, const Vec<double>& x, double& Targ, c
 
 }  // namespace
 
-double CalcBubbleP(Session& s, double T, const Vec<double>& x, double pStart, const Vec<double>& yStart,
+double CalcBubbleP(Session& s, double T, Vec<double>& x, double pStart, const Vec<double>& yStart,
                    Vec<double>& gamma, Vec<double>& PhiK, Vec<double>& K, double& vL, double& vV) {
   vL = 0;
   vV = 0;
@@ -365,7 +370,7 @@ double CalcBubbleP(Session& s, double T, const Vec<double>& x, double pStart, co
   }
 }
 
-double CalcBubbleT(Session& s, double p, const Vec<double>& x, double& T, const Vec<double>& yStart, int16_t& Warn,
+double CalcBubbleT(Session& s, double p, Vec<double>& x, double& T, const Vec<double>& yStart, int16_t& Warn,
                    Vec<double>& K, double& vL, double& vV) {
   vL = 0;
   vV = 0;
@@ -381,6 +386,16 @@ double CalcBubbleT(Session& s, double p, const Vec<double>& x, double& T, const 
   // A converged answer that has not moved from its start is the trivial solution.
   if (result == T || vL > vV || result == T + 1e-5) return 0.0;
   return result;
+}
+
+double CalcBubbleP(Session& s, double T, const Vec<double>& x, double pStart, const Vec<double>& yStart,
+                   Vec<double>& gamma, Vec<double>& PhiK, Vec<double>& K, double& vL, double& vV) {
+  return CalcBubbleP(s, T, KernelCopy(s, x), pStart, yStart, gamma, PhiK, K, vL, vV);
+}
+
+double CalcBubbleT(Session& s, double p, const Vec<double>& x, double& T, const Vec<double>& yStart, int16_t& Warn,
+                   Vec<double>& K, double& vL, double& vV) {
+  return CalcBubbleT(s, p, KernelCopy(s, x), T, yStart, Warn, K, vL, vV);
 }
 
 }  // namespace peq

@@ -238,8 +238,8 @@ double GMIdeal(int Order, double x) {
   double fact = 1.0;  // (Order - 2)!
   for (int k = 2; k <= Order - 2; ++k) fact *= k;
   const double sign = (Order % 2 == 0) ? 1.0 : -1.0;
-  const double v = fact * (sign / std::pow(x, Order - 1) + 1.0 / std::pow(x1, Order - 1));
-  return std::isfinite(v) ? v : 0.0;
+  // Close to an end the pole overflows: a fault, so that the point is flagged, never a 0.
+  return chk::Fin(fact * (sign / std::pow(x, Order - 1) + 1.0 / std::pow(x1, Order - 1)));
 }
 
 double GMFor(const Session& s, int Order, double x, double P1, double P2, double P3, double P4) {

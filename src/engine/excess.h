@@ -25,7 +25,8 @@ void ExcessCp(Session& s, double T, double p, const Vec<double>& x, double& cpE,
 void ExcessCp(Session& s, double T, const Vec<double>& x, double& cpE, int16_t& Err);
 
 // Order-th derivative to x2 of x1 ln x1 + x2 ln x2 (x = x2); 0 at x = 0 or 1, outside 0..1 and
-// for a negative order.
+// for a negative order. A value beyond the double range (a high order very close to an end) is a
+// NumericFault.
 double GMIdeal(int Order, double x);
 
 // Order-th derivative (0..6) to x = x2 of gE/(R T) of the binary under the session's GEModel

@@ -16,6 +16,7 @@
 //   XLiq     liquid composition of the last dew calculation (normalised)
 //   KWert, Gamma, PhiKorr, PhiVMix as the callers pass them, see each routine
 //   CompMat  [0] liquid and [1] vapour compositions handed to the EOS (phi-phi)
+//   KernScratch.Rounds  rounds of the last phi-phi bubble-pressure or bubble-temperature iteration
 #pragma once
 
 #include <cstdint>
@@ -32,6 +33,12 @@ namespace peq {
 // the vapour correction is iterated on the unnormalised y until y(1) moves by less than 0.001
 // (component 1 only); more than 10 rounds, a vapour pressure of 0, a failed vapour EOS or an
 // arithmetic fault set err = -1.
+// UNIFAC (GEModel 21) replaces a mole fraction of exactly 0 by 1E-10 in x, and the replacement
+// stays in the caller's array (so y of that component is 1E-10 K, not 0). The same holds for
+// CalcBubbleP and CalcBubbleT in the gamma-phi concept. The overloads for a constant x work on a
+// copy of it (KernScratch.XIn) with the same results.
+void CalcKValues(Session& s, double T, double p, const Mat<double>& BVir, Vec<double>& x, Vec<double>& gamma,
+                 Vec<double>& PhiVMix, Vec<double>& PhiK, Vec<double>& K, Vec<double>& y, int16_t& err);
 void CalcKValues(Session& s, double T, double p, const Mat<double>& BVir, const Vec<double>& x, Vec<double>& gamma,
                  Vec<double>& PhiVMix, Vec<double>& PhiK, Vec<double>& K, Vec<double>& y, int16_t& err);
 
@@ -39,6 +46,8 @@ void CalcKValues(Session& s, double T, double p, const Mat<double>& BVir, const 
 // (phi-phi, from 1E-4). yStart(1) = 0 asks for a made vapour start (phi-phi). gamma, PhiK, K: the
 // caller's arrays (usually Gamma, PhiKorr, KWert); y lands in YGas. vL, vV: phi-phi molar
 // volumes, 0 on entry. Returns p, 0 when there is none (T = 0, T at or above TKritMax, failure).
+double CalcBubbleP(Session& s, double T, Vec<double>& x, double pStart, const Vec<double>& yStart,
+                   Vec<double>& gamma, Vec<double>& PhiK, Vec<double>& K, double& vL, double& vV);
 double CalcBubbleP(Session& s, double T, const Vec<double>& x, double pStart, const Vec<double>& yStart,
                    Vec<double>& gamma, Vec<double>& PhiK, Vec<double>& K, double& vL, double& vV);
 
@@ -47,6 +56,8 @@ double CalcBubbleP(Session& s, double T, const Vec<double>& x, double pStart, co
 // the limit status of the vapour-pressure equations (dT of the last AllPureProps). y lands in
 // YGas, gamma in Gamma, the correction in PhiKorr. Returns T, 0 when there is none; a T equal to
 // the T argument or to it + 1E-5 counts as the trivial solution and gives 0.
+double CalcBubbleT(Session& s, double p, Vec<double>& x, double& T, const Vec<double>& yStart, int16_t& Warn,
+                   Vec<double>& K, double& vL, double& vV);
 double CalcBubbleT(Session& s, double p, const Vec<double>& x, double& T, const Vec<double>& yStart, int16_t& Warn,
                    Vec<double>& K, double& vL, double& vV);
 

@@ -2,13 +2,14 @@
 #include <cmath>
 
 #include "engine/kernel.h"
+#include "engine/kernel_copy.h"
 #include "models/activity.h"
 #include "models/vapourphi.h"
 #include "session/numeric.h"
 
 namespace peq {
 
-void CalcKValues(Session& s, double T, double p, const Mat<double>& BVir, const Vec<double>& x, Vec<double>& gamma,
+void CalcKValues(Session& s, double T, double p, const Mat<double>& BVir, Vec<double>& x, Vec<double>& gamma,
                  Vec<double>& PhiVMix, Vec<double>& PhiK, Vec<double>& K, Vec<double>& y, int16_t& err) {
   err = 0;
   const int n = s.NKomp;
@@ -57,6 +58,12 @@ void CalcKValues(Session& s, double T, double p, const Mat<double>& BVir, const 
   } catch (const NumericFault&) {
     err = -1;
   }
+}
+
+void CalcKValues(Session& s, double T, double p, const Mat<double>& BVir, const Vec<double>& x, Vec<double>& gamma,
+                 Vec<double>& PhiVMix, Vec<double>& PhiK, Vec<double>& K, Vec<double>& y, int16_t& err) {
+  Vec<double>& own = KernelCopy(s, x);
+  CalcKValues(s, T, p, BVir, own, gamma, PhiVMix, PhiK, K, y, err);
 }
 
 }  // namespace peq

@@ -87,12 +87,17 @@ int16_t EOSExcess(Session& s, double T, double p, const Vec<double>& x, double& 
     if (n < 1) return -1;
     EOSMixAtT(s, T, model, rule, s.GEModelEOS, true);
     const double R = kR, RT = kR * T;
-    auto phase = [&](const double a[3], const double b[3], const double c[3], const double d[3], double& G, double& H,
-                     double& Cp) {
+    // One phase: the liquid root of the cubic at T, p. For pure component `pure` (0: the mixture)
+    // below its critical temperature a lone root beyond the critical volume is its vapour: at this
+    // p the cubic has no liquid of that component, and the excess functions, which refer to the
+    // pure liquids, have no value.
+    auto phase = [&](int pure, const double a[3], const double b[3], const double c[3], const double d[3], double& G,
+                     double& H, double& Cp) {
       EOSRoots roots{};
       int16_t nr = 0, err = 0;
       EOSSolve(T, p, 0.0, a[0], b[0], c[0], d[0], roots, nr, err);
       if (err != 0) chk::Fault("cubic without root");
+      if (pure > 0 && nr == 1 && T < s.TKrit[pure] && roots[1] > s.VKrit[pure]) chk::Fault("no liquid root");
       double g[3];
       EOSResidual(T, p, LiquidRoot(roots), model, a, b, c, d, g);
       G = RT * g[0];
@@ -106,7 +111,7 @@ int16_t EOSExcess(Session& s, double T, double p, const Vec<double>& x, double& 
       const double c[3] = {s.EOSPar[3][i], s.EOSParDT[3][i], s.EOSParD2T[3][i]};
       const double d[3] = {s.EOSPar[4][i], s.EOSParDT[4][i], s.EOSParD2T[4][i]};
       double G, H, C;
-      phase(a, b, c, d, G, H, C);
+      phase(x[i] != 0.0 ? i : 0, a, b, c, d, G, H, C);
       sumG += x[i] * G;
       sumH += x[i] * H;
       sumC += x[i] * C;
@@ -114,7 +119,7 @@ int16_t EOSExcess(Session& s, double T, double p, const Vec<double>& x, double& 
     double a[3], b[3], c[3], d[3];
     EOSMixTDerivs(s, x, T, model, rule, a, b, c, d);
     double G, H, C;
-    phase(a, b, c, d, G, H, C);
+    phase(0, a, b, c, d, G, H, C);
     const double g = chk::Fin(G - sumG), h = chk::Fin(H - sumH), cp = chk::Fin(C - sumC);
     gE = g;
     hE = h;

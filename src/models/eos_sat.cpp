@@ -123,10 +123,14 @@ int16_t EOSPureSatT(const Session& s, int i, double p, double vStart, double& Ti
         nr = 1;
       }
     };
-    // Bracket the point from the critical temperature downwards at higher pressures.
+    // Bracket the point from the critical temperature downwards at higher pressures. The search
+    // below goes on with the step the march ended with: a first step of 0.01 T would throw T out
+    // of the narrow bracket close to the critical point, and the search would cycle.
+    double step = 0;
     if (p / pc >= 0.02) {
       T = tc;
-      double step = -(pc - p) / 100.0, sLast = 0;
+      step = -(pc - p) / 100.0;
+      double sLast = 0;
       for (int k = 1; k <= 60; ++k) {
         solveAt(T);
         double sig;
@@ -143,7 +147,7 @@ int16_t EOSPureSatT(const Session& s, int i, double p, double vStart, double& Ti
         T += step;
       }
     }
-    double step = 0, F = 0, FLast = 0, TLast = 0;
+    double F = 0, FLast = 0, TLast = 0;
     bool firstOne = true, firstThree = true;
     int markLast = 0;
     for (int round = 1; round <= 200; ++round) {

@@ -81,8 +81,10 @@ struct KernelWork {
   Vec<double> X;   // liquid composition during a dew iteration
   Vec<double> K2;  // K values at the perturbed point of a secant step
   Vec<double> One; // a composition of a pure component with a trace of the other
+  Vec<double> XIn; // the liquid of a bubble point or K-value call whose caller's x must stay as it is
+  int Rounds = 0;  // rounds of the last phi-phi bubble-pressure or bubble-temperature iteration
   void Alloc(std::size_t m) {
-    for (Vec<double>* p : {&Y, &X, &K2, &One}) p->assign(m, 0);
+    for (Vec<double>* p : {&Y, &X, &K2, &One, &XIn}) p->assign(m, 0);
   }
 };
 

@@ -2,6 +2,7 @@
 // abscissa unit, the inside test and the run-time error box.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <string>
@@ -10,6 +11,7 @@
 #include "diagrams/curve_run.h"
 #include "diagrams/kurven.h"
 #include "engine/excess.h"
+#include "models/eos_phi.h"
 #include "models/activity.h"
 #include "models/vappressure.h"
 #include "support/fuzzy.h"
@@ -23,11 +25,18 @@ TEST(CalcCurveCases, KValuesAtTGetTheExtraPointAtXTwoEqualOne) {
   peq::Session s = peqtest::BenzeneToluene();
   s.KurvenPunkte = 10;
   Coords(s, 0, 1, 0, 10);
-  // Benzene (lower T(cr)) is Komp1: the walk runs 1 -> 0 and the extra point stands at the end.
+  // Benzene (lower T(cr)) is Komp1: the walk runs 1 -> 0, and the extra point at x2 = 1 stands
+  // in walk order, first, so that no line runs back from x2 = 0 to 1.
   const Drawn d = Draw(s, 5, 363.15, 101.325);
   ASSERT_GT(d.n1(), 5u);
-  EXPECT_EQ(d.k1.back().x, 1.0f);
   EXPECT_EQ(d.k1[1].x, 1.0f);
+  EXPECT_EQ(d.k1[2].x, 1.0f);
+  EXPECT_EQ(d.k2[1].x, 1.0f);
+  for (std::size_t i = 2; i < d.k1.size(); ++i) {
+    EXPECT_LE(d.k1[i].x, d.k1[i - 1].x) << i;
+    EXPECT_LE(d.k2[i].x, d.k2[i - 1].x) << i;
+  }
+  EXPECT_LT(d.k1.back().x, 0.02f);
   // Ideal pair: K(i) = p0(i)/p with p the bubble pressure (the third quantity).
   std::string c = "ALP";
   int16_t dT = 0;
@@ -40,6 +49,20 @@ TEST(CalcCurveCases, KValuesAtTGetTheExtraPointAtXTwoEqualOne) {
   const Drawn e = Draw(s, 5, 363.15, 101.325);
   EXPECT_NEAR(e.k1.back().x, 0.01f, 1e-6);
   EXPECT_EQ(e.n1(), 12u);
+}
+
+TEST(CalcCurveCases, KValuesAtTKeepWalkOrderFromTheWaterEnd) {
+  // Ethanol(1)/water(2): water has the higher T(cr), the walk runs from x2 = 1 (K1 at infinite
+  // dilution, about 13) to 0.01 (K1 about 1); the extra point at x2 = 1 must not follow 0.01.
+  peq::Session s = peqtest::EthanolWater(0);
+  s.KurvenPunkte = 100;
+  Coords(s, 0, 1, 0, 20);
+  const Drawn d = Draw(s, 5, 343.15, 101.325);
+  ASSERT_GT(d.n1(), 50u);
+  EXPECT_GT(d.k1[1].y, 5.0f);
+  EXPECT_LT(d.k1.back().x, 0.02f);
+  EXPECT_LT(d.k1.back().y, 2.0f);
+  for (std::size_t i = 2; i < d.k1.size(); ++i) EXPECT_LE(d.k1[i].x, d.k1[i - 1].x) << i;
 }
 
 TEST(CalcCurveCases, LnF2F1EndsWithThePointAtXMax) {
@@ -282,7 +305,7 @@ TEST(CalcCurveCases, FailCounterEndsAtItsLimitAndResetsOnlyWhenAsked) {
 // A = -4: p/p0 = x1 exp(-4 x2^2) + x2 exp(-4 x1^2) dips below 1E-6/2.2E-6 = 0.4545 between
 // x2 = 0.36 and 0.64 (hand: 0.4628 at 0.65, 0.4511 at 0.64). The K-value walk from x2 = 1 by
 // 0.01 fails five times (0.64 .. 0.60) and ends there, although the points below 0.36 would be
-// good again; the extra point at x2 = 1 follows.
+// good again; the extra point at x2 = 1 stands first, in walk order.
 TEST(CalcCurveCases, FiveFailsEndTheKValueWalk) {
   peq::Session s = peqtest::BenzeneToluene();
   for (int i = 1; i <= 2; ++i) {
@@ -297,8 +320,10 @@ TEST(CalcCurveCases, FiveFailsEndTheKValueWalk) {
   float lowest = 1;
   for (std::size_t i = 1; i < d.k1.size(); ++i) lowest = std::fmin(lowest, d.k1[i].x);
   EXPECT_NEAR(lowest, 0.65f, 1e-5);
-  EXPECT_EQ(d.n1(), 37u);  // 1.00 .. 0.65 and the extra point at 1
-  EXPECT_EQ(d.k1.back().x, 1.0f);
+  EXPECT_EQ(d.n1(), 37u);  // the extra point at 1 and 1.00 .. 0.65
+  EXPECT_EQ(d.k1[1].x, 1.0f);
+  EXPECT_EQ(d.k1[2].x, 1.0f);
+  EXPECT_NEAR(d.k1.back().x, 0.65f, 1e-5);
 }
 
 // An isobaric gap search whose boiling temperature fails stops the call with the box of the
@@ -313,4 +338,83 @@ TEST(CalcCurveCases, FailedBoilingTemperatureOfTheGapSearchIsExecutionNotPossibl
                      "Error while calculating vapour pressure\nTry to change the vapour pressure equation"));
   EXPECT_EQ(d.n1(), 0u);
   EXPECT_EQ(d.n2(), 0u);
+}
+
+namespace {
+
+// Carbon dioxide(1)/n-butane(2), Peng-Robinson with the quadratic rule and k(12) = 0 (IUPAC
+// critical constants, PSRK acentric factors).
+peq::Session CO2Butane() {
+  return peqtest::PhiPhi({{"Carbon dioxide", 44.0095, 304.13, 7377.3, 467.6, 0.2236},
+                          {"n-Butane", 58.1222, 425.125, 3796, 228.0, 0.2002}},
+                         5, 2);
+}
+
+}  // namespace
+
+TEST(CalcCurveCases, PhiPhiExcessCurveCarriesThePressureFromPointToPoint) {
+  // At 344.26 K (above the T(cr) of CO2) the walk from pure n-butane follows the bubble line up to
+  // the critical point of the mixture near x2 = 0.2 and 8150 kPa. Each bubble point starts from
+  // the previous one, so none of them fails or lands on the trivial solution above that maximum,
+  // and gE changes smoothly along the line.
+  peq::Session s = CO2Butane();
+  s.KurvenPunkte = 100;
+  Coords(s, 0, 1, -1e5f, 1e5f);
+  const Drawn d = Draw(s, 110, 344.26, 101.325);
+  ASSERT_GT(d.n1(), 50u);
+  std::size_t i = 1;
+  double pMax = 0;
+  for (; i < d.k1.size() && d.k1[i].z > 0; ++i) {
+    if (i > 1) {
+      EXPECT_GT(d.k1[i].z, d.k1[i - 1].z) << d.k1[i].x;
+      EXPECT_LT(std::fabs(d.k1[i].y - d.k1[i - 1].y), 100.0) << d.k1[i].x;
+    }
+    pMax = std::max(pMax, static_cast<double>(d.k1[i].z));
+  }
+  EXPECT_LT(d.k1[i - 1].x, 0.25f);  // the bubble line holds down to the critical region
+  EXPECT_LT(pMax, 8200.0);
+  EXPECT_GT(pMax, 7500.0);
+}
+
+TEST(CalcCurveCases, PhiPhiExcessHasNoValueWhereAPureLiquidHasNoRoot) {
+  // At 280 K the cubic of pure CO2 has only its vapour root below about 660 kPa: the excess
+  // functions, which refer to the pure liquids, then have no value, instead of jumping by x1 times
+  // the difference of the vapour and the liquid residual functions (605 against 15.6 kJ/kmol
+  // between x2 = 0.835 and 0.82, where the bubble pressure crosses that limit).
+  peq::Session s = CO2Butane();
+  const peq::Vec<double> x = peqtest::Comp({0.165, 0.835});
+  double hE = 0, TsE = 0, gE = 0;
+  EXPECT_EQ(peq::EOSExcess(s, 280.0, 631.4, x, hE, TsE, gE), -1);
+  ASSERT_EQ(peq::EOSExcess(s, 280.0, 678.4, x, hE, TsE, gE), 0);
+  EXPECT_LT(std::fabs(gE), 100.0);
+  // Along the curve: no jump between neighbouring points.
+  s.KurvenPunkte = 100;
+  Coords(s, 0, 1, -1e5f, 1e5f);
+  const Drawn d = Draw(s, 110, 280.0, 101.325);
+  ASSERT_GT(d.n1(), 30u);
+  for (std::size_t i = 2; i < d.k1.size(); ++i)
+    EXPECT_LT(std::fabs(d.k1[i].y - d.k1[i - 1].y), 50.0) << d.k1[i].x;
+}
+
+TEST(CalcCurveCases, PointsBeyondTheSinglePrecisionRangeAreLeftOutWithoutABox) {
+  // Order 6 of delta(M)g: the ends, moved in by 1E-8, give 4! 1E40 from the ideal term, beyond
+  // single precision. Those points fail and are left out; no "Message from Sub CalcCurve" box.
+  peq::Session s = peqtest::EthanolWater(0);
+  s.KurvenPunkte = 100;
+  Coords(s, 0, 1, -1e9f, 1e9f);
+  const Drawn d = Draw(s, 126, 343.15, 101.325);
+  EXPECT_TRUE(d.msgs.empty()) << (d.msgs.empty() ? "" : d.msgs.front().title + ": " + d.msgs.front().text);
+  ASSERT_GT(d.n1(), 50u);
+  for (std::size_t i = 1; i < d.k1.size(); ++i) {
+    EXPECT_TRUE(std::isfinite(d.k1[i].y));
+    EXPECT_GT(d.k1[i].x, 1e-7f);
+    EXPECT_LT(d.k1[i].x, 1.0f);
+  }
+  // The point next to the start end is the first of the curve: x2 = 1 - 1E-8 - 0.015.
+  EXPECT_NEAR(d.k1[1].x, 0.985f, 1e-6);
+  // Order 6 of gE alone stays within range at the end and keeps that point.
+  const Drawn g = Draw(s, 116, 343.15, 101.325);
+  EXPECT_TRUE(g.msgs.empty());
+  EXPECT_EQ(g.n1(), d.n1() + 1);
+  EXPECT_FLOAT_EQ(g.k1[1].x, static_cast<float>(1.0 - 1e-8));
 }

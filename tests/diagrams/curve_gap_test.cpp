@@ -5,6 +5,8 @@
 #include <cmath>
 
 #include "diagrams/curve_fixture.h"
+#include "diagrams/kurven.h"
+#include "engine/azeotrope.h"
 #include "engine/kernel.h"
 #include "support/fuzzy.h"
 
@@ -123,4 +125,31 @@ TEST(CalcCurveGap, GibbsOfMixingRealCurveAddsTheTangentPoints) {
   EXPECT_TRUE(Ascending(d.k1));
   const float lo = std::fmin(d.gx1, d.gx2), hi = std::fmax(d.gx1, d.gx2);
   for (std::size_t i = 1; i < d.k1.size(); ++i) EXPECT_FALSE(d.k1[i].x > lo + 1e-6f && d.k1[i].x < hi - 1e-6f);
+}
+
+TEST(CalcCurveGap, AzeotropeInsideTheGapIsSaidToLieThere) {
+  // The homogeneous bubble line of the pair has its extremum where
+  // ln(K1/K2) = ln(p01/p02) + 3 (2 x2 - 1) = 0, at x2 = 0.35 at 363.15 K: inside the gap
+  // 0.0707 .. 0.9293. The real state there is the three-phase point.
+  peq::Session s = curvetest::GapPair();
+  s.KurvenPunkte = 100;
+  s.IsoArt = 1;
+  Coords(s, 0, 1, 0, 1);
+  const Drawn d = Draw(s, 3, 363.15, 101.325);
+  ASSERT_TRUE(s.HatGap);
+  double xaz = 0;
+  int16_t kind = 0, over = 0;
+  ASSERT_TRUE(peq::IsBinaerAzeotrop(s, 363.15, 101.325, xaz, kind, over, nullptr));
+  ASSERT_GT(xaz, 0.3);
+  ASSERT_LT(xaz, 0.4);
+  const std::string art = kind != 0 ? "p-Maximum" : "p-Minimum";
+  EXPECT_EQ(d.kommentar, art + " azeotrope, x(2) = " + peq::FormatZahl(xaz, "0.0000") +
+                             " lies inside the mixing gap; the real state there is the three-phase point");
+  // Without the gap (a weaker term, A = 1.5, one liquid) the pressure-maximum azeotrope at
+  // x2 = 0.2 is named plainly.
+  peqtest::SetSlot(s, 1, 1, 2, 1.5);
+  const Drawn e = Draw(s, 3, 363.15, 101.325);
+  EXPECT_FALSE(s.HatGap);
+  ASSERT_TRUE(peq::IsBinaerAzeotrop(s, 363.15, 101.325, xaz, kind, over, nullptr));
+  EXPECT_EQ(e.kommentar, "p-Maximum azeotrope, x(2) = " + peq::FormatZahl(xaz, "0.0000"));
 }

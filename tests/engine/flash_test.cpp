@@ -128,6 +128,27 @@ TEST(FlashTP, FeedWithBubblePressureBelowPIsPinnedByTheResetsAndFailsWithMinusOn
   ASSERT_GT(pb, 0.0);
   EXPECT_EQ(peq::FlashTP(s, T, 1.5 * pb, z), -1.0);
   EXPECT_TRUE(peqtest::SessionFinite(s));
+  // The last liquid is that of the flash function at a reset value of eta, 0.1 or 0.9, not at an
+  // edge of the range (0 or 1) and not outside it: x(i) = E(i) z(i)/(D(i) eta + E(i)), normalised,
+  // with the coefficients of the last round.
+  const auto& w = s.FlashWork;
+  auto liquidAt = [&](double eta) {
+    peq::Vec<double> x(3, 0.0);
+    for (int i = 1; i <= 2; ++i) x[i] = w.E[i] * w.Z[i] / (w.D[i] * eta + w.E[i]);
+    const double sum = x[1] + x[2];
+    for (int i = 1; i <= 2; ++i) x[i] /= sum;
+    return x;
+  };
+  int pinned = 0;
+  for (double eta : {0.1, 0.9}) {
+    const peq::Vec<double> x = liquidAt(eta);
+    if (std::fabs(x[1] - s.XLiq[1]) < 1e-12 && std::fabs(x[2] - s.XLiq[2]) < 1e-12) ++pinned;
+  }
+  EXPECT_EQ(pinned, 1);
+  for (double eta : {0.0, 1.0, 0.5}) {
+    const peq::Vec<double> x = liquidAt(eta);
+    EXPECT_GT(std::fabs(x[1] - s.XLiq[1]), 1e-6) << eta;
+  }
 }
 
 TEST(FlashTP, SuperheatedVapourFailsWithMinusOne) {

@@ -5,6 +5,9 @@
 #include <gtest/gtest.h>
 
 #include "engine/excess.h"
+#include "engine/kernel_test_sessions.h"
+#include "engine/singlecalc.h"
+#include "session/numeric.h"
 #include "models/activity_fixture.h"
 #include "models/gmix.h"
 #include "support/fuzzy.h"
@@ -250,6 +253,23 @@ TEST(GMIdeal, OrdersAndEnds) {
   for (int n = 1; n <= 6; ++n)
     EXPECT_NEAR(peq::GMIdeal(n, 0.4), FD(f0, n, 0.4, 0.04), 2E-4 * std::fmax(1.0, std::fabs(peq::GMIdeal(n, 0.4))))
         << n;
+}
+
+TEST(GMIdeal, ValueBeyondTheDoubleRangeFaults) {
+  // Order 6 at x2 = 1E-70: 4! / x2^5 = 2.4E351, beyond the double range. The routine faults (the
+  // caller flags the point) instead of giving 0 as if the mixture were ideal there.
+  EXPECT_THROW(peq::GMIdeal(6, 1e-70), peq::NumericFault);
+  EXPECT_THROW(peq::GMIdeal(4, 1e-200), peq::NumericFault);
+  EXPECT_NO_THROW(peq::GMIdeal(6, 1e-8));  // 2.4E41: large, but a double
+  // The one-point calculator flags such a point.
+  peq::Session s = peqtest::EthanolWater(0);
+  peq::Vec<double> x = peqtest::Comp({1.0 - 1e-70, 1e-70});
+  peq::SingleOut out;
+  peq::SingleCalcExcess(s, 126, 1e-70, 343.15, 101.325, x, 1, 2, out);
+  EXPECT_EQ(out.F1, -1);
+  EXPECT_EQ(out.Y1, 0.0f);
+  peq::SingleCalcExcess(s, 126, 0.3, 343.15, 101.325, peqtest::Comp({0.7, 0.3}), 1, 2, out);
+  EXPECT_EQ(out.F1, 0);
 }
 
 }  // namespace

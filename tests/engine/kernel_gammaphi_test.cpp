@@ -10,6 +10,7 @@
 #include "models/eos_sat.h"
 #include "models/pureprops.h"
 #include "session/constants.h"
+#include "support/fixtures.h"
 #include "support/fuzzy.h"
 
 using namespace peq;
@@ -339,4 +340,72 @@ TEST(CalcBubbleP, CubicVapourModelRoundTrip) {
   // Close to the virial result at these low pressures.
   Session v = peqtest::EthanolWater(1);
   EXPECT_REL(BubbleP(v, T, x), p, 2e-3);
+}
+
+namespace {
+
+// Ethanol(1)/water(2) of the bundled database under UNIFAC with the shipped parameter file and
+// the ideal gas, as a project of the program would have it.
+Session EthanolWaterUnifac() {
+  Session s;
+  EXPECT_TRUE(peqtest::LoadMixture(s, peqtest::BundledBankPath(), {"64-17-5", "7732-18-5"}));
+  s.GEModel = 21;
+  s.VapModel = 0;
+  s.OUnifFile = peqtest::SourceDir() + "/data/OUNIF6PLUS.PAR";
+  s.UnifacNeu = true;
+  return s;
+}
+
+}  // namespace
+
+TEST(CalcBubbleP, UnifacReplacementOfAZeroMoleFractionStaysInTheCallersArray) {
+  // x1 = 0 becomes 1E-10 in the array the bubble routine gets, so the vapour carries
+  // y1 = 1E-10 K1 (about 1.6E-9 at 343.15 K), not 0.
+  Session s = EthanolWaterUnifac();
+  Vec<double> x = Comp({0.0, 0.999});
+  const Vec<double> y0 = Comp({0.0, 0.0});
+  double vL = 0, vV = 0;
+  const double p = CalcBubbleP(s, 343.15, x, 0.0, y0, s.Gamma, s.PhiKorr, s.KWert, vL, vV);
+  ASSERT_GT(p, 0.0);
+  EXPECT_EQ(x[1], 1E-10);
+  EXPECT_EQ(x[2], 0.999);
+  EXPECT_GT(s.KWert[1], 10.0);
+  EXPECT_EQ(s.YGas[1], 1E-10 * s.KWert[1]);
+  EXPECT_GT(s.YGas[1], 1e-9);
+  EXPECT_LT(s.YGas[1], 1e-8);
+  // The bubble pressure holds the replaced fraction: p = sum x(i) p0(i) gamma(i) with the ideal gas.
+  EXPECT_REL(p, 1E-10 * s.P0[1] * s.Gamma[1] + 0.999 * s.P0[2] * s.Gamma[2], 1e-5);
+  // A read-only composition stays as it was and gives the same numbers.
+  Session s2 = EthanolWaterUnifac();
+  const Vec<double> xc = Comp({0.0, 0.999});
+  const double pc = CalcBubbleP(s2, 343.15, xc, 0.0, y0, s2.Gamma, s2.PhiKorr, s2.KWert, vL, vV);
+  EXPECT_EQ(xc[1], 0.0);
+  EXPECT_EQ(pc, p);
+  EXPECT_EQ(s2.YGas[1], s.YGas[1]);
+}
+
+TEST(CalcBubbleT, UnifacReplacementOfAZeroMoleFractionStaysInTheCallersArray) {
+  Session s = EthanolWaterUnifac();
+  Vec<double> x = Comp({0.0, 0.999});
+  const Vec<double> y0 = Comp({0.0, 0.0});
+  double vL = 0, vV = 0, Tin = 0;
+  int16_t warn = 0;
+  const double T = CalcBubbleT(s, 101.325, x, Tin, y0, warn, s.KWert, vL, vV);
+  ASSERT_GT(T, 0.0);
+  EXPECT_EQ(x[1], 1E-10);
+  EXPECT_EQ(s.YGas[1], 1E-10 * s.KWert[1]);
+  EXPECT_GT(s.YGas[1], 0.0);
+}
+
+TEST(CalcKValues, UnifacReplacementOfAZeroMoleFractionStaysInTheCallersArray) {
+  Session s = EthanolWaterUnifac();
+  int16_t err = 0, dT = 0;
+  AllPureProps(s, 343.15, err, dT);
+  Vec<double> x = Comp({0.0, 1.0});
+  Vec<double> y(3, 0.0);
+  CalcKValues(s, 343.15, 31.0, s.BVir, x, s.Gamma, s.PhiVMix, s.PhiKorr, s.KWert, y, err);
+  EXPECT_EQ(err, 0);
+  EXPECT_EQ(x[1], 1E-10);
+  EXPECT_EQ(y[1], 1E-10 * s.KWert[1]);
+  EXPECT_GT(y[1], 0.0);
 }

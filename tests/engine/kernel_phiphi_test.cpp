@@ -1,6 +1,7 @@
 // Equilibrium kernel, phi-phi concept: bubble pressure and bubble temperature on one cubic.
 #include "engine/kernel.h"
 
+#include <array>
 #include <cmath>
 
 #include <gtest/gtest.h>
@@ -211,15 +212,48 @@ TEST(PhiPhiBubbleT, StartThatIsAlreadyTheAnswerGivesZero) {
 }
 
 TEST(PhiPhiBubbleT, CoincidentRootsGiveZeroAtOnce) {
-  // Above the critical points the van der Waals cubic has one (positive) root; with the vapour
-  // start equal to the liquid both phases get the same parameters and the same root.
-  Session s = peqtest::PhiPhi({peqtest::kNitrogen, peqtest::kMethane}, 6, 2);
-  const Vec<double> x = Comp({0.5, 0.5});
-  double Tin = 400.0, vL, vV;
+  // Above the critical points the van der Waals cubic has one (positive) root. The vapour start
+  // is a composition other than the liquid with the same molar volume (to rounding): the two roots
+  // coincide while the K values differ from 1, so the iteration would go on; the test of the
+  // roots ends it in round 1 with 0.
+  Session s = peqtest::PhiPhi({peqtest::kNitrogen, peqtest::kMethane, {"Ethane", 30.069, 305.32, 4872, 206.18, 0.0995}},
+                              6, 2);
+  const double T = 400.0, p = 20000.0;
+  const Vec<double> x = Comp({0.3, 0.3, 0.4});
+  auto volume = [&](const Vec<double>& z) {
+    const std::array<Vec<double>, 2> cm{z, z};
+    EOSMixPar m;
+    m.Alloc(4);
+    EOSMix(s, 0, cm, T, 6, 2, s.GEModelEOS, 0, m);
+    EOSRoots r{};
+    int16_t nr = 0, err = 0;
+    EOSSolve(T, p, 0.0, m.a, m.b, m.c, m.d, r, nr, err);
+    EXPECT_EQ(nr, 1);
+    return r[1];
+  };
+  const double v0 = volume(x);
+  // y = x + (0.1, -0.1, 0) + u (1, 1, -2): bisection on u for the volume of x.
+  auto yOf = [&](double u) { return Comp({0.4 + u, 0.2 + u, 0.4 - 2 * u}); };
+  double lo = -0.15, hi = 0.15;
+  const double flo = volume(yOf(lo)) - v0;
+  ASSERT_LT(flo * (volume(yOf(hi)) - v0), 0.0);
+  for (int k = 0; k < 200 && hi - lo > 1e-17; ++k) {
+    const double mid = 0.5 * (lo + hi);
+    if ((volume(yOf(mid)) - v0) * flo > 0)
+      lo = mid;
+    else
+      hi = mid;
+  }
+  const Vec<double> y = yOf(0.5 * (lo + hi));
+  ASSERT_GT(std::fabs(y[1] - x[1]), 0.05);
+  double Tin = T, vL, vV;
   int16_t warn;
-  EXPECT_EQ(CalcBubbleT(s, 20000.0, x, Tin, x, warn, s.KWert, vL, vV), 0.0);
+  s.KernScratch.Rounds = -1;
+  EXPECT_EQ(CalcBubbleT(s, p, x, Tin, y, warn, s.KWert, vL, vV), 0.0);
+  EXPECT_EQ(s.KernScratch.Rounds, 1);
   EXPECT_GT(vL, 0.0);
-  EXPECT_EQ(vL, vV);
+  EXPECT_LT(std::fabs(vL - vV), 1e-10);
+  EXPECT_GT(std::fabs(std::log(s.KWert[1])), 1e-3);  // the phases differ: F is not 0
 }
 
 TEST(PhiPhiBubbleP, TenComponents) {

@@ -212,3 +212,29 @@ TEST(EOSPhi0, VapourRootFugacityAtP0) {
   EXPECT_EQ(EOSPhi0(s, T, 4), -1);
   EXPECT_EQ(s.Phi0[1], before);
 }
+
+TEST(EOSPureSatT, InvertsTheSaturationPressureCloseToTheCriticalPoint) {
+  // Between about 0.96 and 0.998 of p(cr) the march from T(cr) brackets the point to a small step;
+  // the search then goes on with that step instead of a first step of 0.01 T, which jumped out of
+  // the bracket and cycled until the round limit. Methane and ethane (IUPAC critical constants,
+  // PSRK acentric factors) with Peng-Robinson and Soave, T(r) from 0.9 up to 0.999.
+  const peqtest::PureData ethane{"Ethane", 30.069, 305.32, 4872, 206.18, 0.0995};
+  for (int model : {4, 5}) {
+    Session s = peqtest::MakeSession({peqtest::kMethane, ethane});
+    int16_t err = 0;
+    EOSSetPure(s, model, err);
+    ASSERT_EQ(err, 0);
+    for (int i = 1; i <= 2; ++i)
+      for (double tr : {0.9, 0.95, 0.96, 0.97, 0.98, 0.985, 0.99, 0.993, 0.995, 0.997, 0.998, 0.999}) {
+        const double T = tr * s.TKrit[i];
+        const double p = SatP(s, i, T);
+        ASSERT_GT(p, 0) << model << " " << i << " " << tr;
+        double Tout = 0;
+        EOSSatOut out;
+        ASSERT_EQ(EOSPureSatT(s, i, p, 0.0, Tout, &out), 0)
+            << model << " " << i << " " << tr << " p/pc " << p / s.PKrit[i];
+        EXPECT_NEAR(Tout, T, 1e-2) << model << " " << i << " " << tr;
+        EXPECT_LT(out.vL, out.vV) << model << " " << i << " " << tr;
+      }
+  }
+}

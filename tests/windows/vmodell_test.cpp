@@ -3,6 +3,9 @@
 
 #include <cmath>
 
+#include <filesystem>
+#include <fstream>
+
 #include <gtest/gtest.h>
 
 #include "windows/frame_fixture.h"
@@ -524,13 +527,38 @@ TEST_F(Models, KijInputStoresSlots13To16) {
 }
 
 TEST_F(Models, KijSearchOfTheVapourModelFillsTheFirstBox) {
-  e.s.VapModel = 5;
+  // k(ij) files of the test beside the program, with a different value for ethanol/water in each,
+  // so that the value in the box tells which file was searched.
+  const std::filesystem::path dir(e.dir.path());
+  auto write = [&](const char* name, const char* text) {
+    std::ofstream(dir / name, std::ios::binary) << text;
+  };
+  write("KIJ_PR.DAT", "74-82-8,74-84-0\r\n0.0011\r\n7732-18-5,64-17-5\r\n-0.0712\r\n");
+  write("KIJ_RKS.DAT", "64-17-5,7732-18-5\r\n-0.0834\r\n");
+  e.s.VapModel = 5;  // Peng-Robinson
+  e.s.EOSModel = 5;
   peq::frmKijInput& k = e.f.KijInput;
   k.Load(e.f);
   EXPECT_TRUE(k.cmdSuchkij_2Enabled);
+  L(13) = 0.5;
   k.cmdSuchkij_2(e.f);
   EXPECT_EQ(e.ui.Last().title, "Result");
-  EXPECT_EQ(e.s.EOSModel, 4);  // left as it was
+  EXPECT_EQ(e.ui.Last().text, "j(ij)-parameter was found and filled in");
+  EXPECT_EQ(L(13), -0.0712);  // from KIJ_PR.DAT, the pair in either order
+  EXPECT_EQ(k.txt[0], "-0.0712");
+  EXPECT_EQ(L(14), 0.0);
+  EXPECT_EQ(e.s.EOSModel, 5);  // left as it was
+  // Soave-Redlich-Kwong: the other file.
+  e.s.VapModel = 4;
+  e.s.EOSModel = 4;
+  k.Load(e.f);
+  k.cmdSuchkij_2(e.f);
+  EXPECT_EQ(L(13), -0.0834);
+  // A pair the file does not hold: the box says so and the value stays.
+  write("KIJ_RKS.DAT", "74-82-8,74-84-0\r\n0.0011\r\n");
+  k.cmdSuchkij_2(e.f);
+  EXPECT_EQ(e.ui.Last().text, "For this binary system no k(ij)-parameter was found");
+  EXPECT_EQ(L(13), -0.0834);
 }
 
 // The search of the k(ij) window reads the file of the equation of state chosen on the
