@@ -103,6 +103,13 @@ MainWindow::~MainWindow() {
   // The views go first, while the window states they show still exist.
   for (QPointer<QWidget>& w : graveyard_)
     if (w) delete w.data();
+  // Sub-windows with their contents; their "destroyed" must not reach this half-gone frame.
+  for (QPointer<QMdiSubWindow>& w : subs_) {
+    if (w) {
+      w->disconnect(this);
+      delete w.data();
+    }
+  }
   for (QPointer<QWidget>& w : windows_) {
     if (w) {
       w->disconnect(this);

@@ -43,6 +43,8 @@ class MainWindow : public QMainWindow, public peq::Ui {
   // The view of a window, nullptr when it is not shown.
   QWidget* WindowOf(peq::WindowId id) const;
   QMdiArea* Mdi() const { return mdi_; }
+  // The MDI sub-window of a window, nullptr when it is none or not shown.
+  QMdiSubWindow* SubOf(peq::WindowId id) const { return subs_[static_cast<std::size_t>(id)].data(); }
   QWidget* FirstStepsPanel() const;
   QPushButton* FirstStepsButton() const { return cmdErstnutzer_; }
   QToolBar* Toolbar() const { return toolbar_; }
@@ -90,8 +92,6 @@ class MainWindow : public QMainWindow, public peq::Ui {
   // Shows a widget as a child of the MDI area: sized to fit it (wanted: the size it asks for),
   // placed a step below the child before.
   QMdiSubWindow* AddMdiChild(QWidget* content, const QString& title, QSize wanted = QSize());
-  // The MDI sub-window of a window, nullptr when it is none or not shown.
-  QMdiSubWindow* SubOf(peq::WindowId id) const { return subs_[static_cast<std::size_t>(id)].data(); }
 
   peq::Session session_;
   peq::mdiPEQ frame_;

@@ -19,8 +19,12 @@ std::string AnzeigeCaption(const std::string& caption, std::string* keyHint) {
   while (!t.empty() && t.back() == ' ') t.pop_back();
   // A hint behind four or more blanks: the last word, with no blank in it.
   const std::size_t lastBlank = t.rfind(' ');
-  if (lastBlank != std::string::npos && lastBlank >= 3 && t.compare(lastBlank - 3, 4, "    ") == 0) {
-    if (keyHint) *keyHint = t.substr(lastBlank + 1);
+  const std::string tail = lastBlank == std::string::npos ? std::string() : t.substr(lastBlank + 1);
+  // A key looks like "Alt+F4", "Ctrl+S" or "F1".
+  const bool taste = tail.find('+') != std::string::npos ||
+                     (tail.size() >= 2 && tail[0] == 'F' && std::isdigit(static_cast<unsigned char>(tail[1])));
+  if (taste && lastBlank >= 3 && t.compare(lastBlank - 3, 4, "    ") == 0) {
+    if (keyHint) *keyHint = tail;
     t.erase(t.find_last_not_of(' ', lastBlank) + 1);
   } else if (keyHint) {
     keyHint->clear();

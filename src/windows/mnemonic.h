@@ -9,8 +9,9 @@
 
 namespace peq {
 
-// The caption without its leading and trailing blanks and without a key hint standing at its
-// end behind a run of blanks ("Exit      Alt+F4" gives "Exit"); keyHint gets the hint.
+// The caption without its leading and trailing blanks and without a key hint ("Alt+F4", "F1")
+// standing at its end behind a run of blanks ("Exit      Alt+F4" gives "Exit"); keyHint gets
+// the hint.
 std::string AnzeigeCaption(const std::string& caption, std::string* keyHint = nullptr);
 
 // Display texts with access keys for captions that share one menu or one window. A "&" of a
