@@ -248,7 +248,7 @@ Graph2DWindow::Graph2DWindow(peq::mdiPEQ& f, peq::frmGraph2D& g, QWidget* parent
   setObjectName(QStringLiteral("frmGraph2D"));
   setWindowFlag(Qt::WindowMinMaxButtonsHint, true);
   setWindowModality(Qt::NonModal);
-  resize(900, 640);
+  resize(980, 640);
 
   chart_ = new QChart;
   chart_->setObjectName(QStringLiteral("Chart2D"));
@@ -294,7 +294,7 @@ Graph2DWindow::Graph2DWindow(peq::mdiPEQ& f, peq::frmGraph2D& g, QWidget* parent
   punkt->setShortcutContext(Qt::WidgetWithChildrenShortcut);
   addAction(punkt);
   QAction* kurven = delMenu->addAction(QStringLiteral("&All curves"));
-  kurven->setObjectName(QStringLiteral("mnuDelKurv"));
+  kurven->setObjectName(QStringLiteral("cmdDelKurvMenu"));
   QAction* alle = delMenu->addAction(QStringLiteral("All (curves, &markers, points)"));
   alle->setObjectName(QStringLiteral("mnuDelTotal"));
   mnuDelete_->setMenu(delMenu);
@@ -315,8 +315,13 @@ Graph2DWindow::Graph2DWindow(peq::mdiPEQ& f, peq::frmGraph2D& g, QWidget* parent
   connect(punkt, &QAction::triggered, this, [this] { Do([this] { g_.mnuDelPoint_Click(f_); }); });
   connect(kurven, &QAction::triggered, this, [this] { Do([this] { g_.cmdDelKurv_Click(f_); }); });
   for (QWidget* w : std::initializer_list<QWidget*>{cmdDraw_, cmdTausch_, cmdCoord_, cmdXLog_, cmdYLog_, cmdZoom_,
-                                                    cmdZoomReset_, cmdDelKurv_, mnuDelete_, cmdClipboard_, mnuBild_})
+                                                    cmdZoomReset_, mnuDelete_, cmdClipboard_, mnuBild_}) {
+    // A button keeps room for its whole caption (and the arrow of its menu).
+    w->setMinimumWidth(w->sizeHint().width() + (w == mnuDelete_ || w == mnuBild_ ? 12 : 0));
     knoepfe->addWidget(w);
+  }
+  // Deleting all curves stands in the delete menu; the row has no room for a button of its own.
+  cmdDelKurv_->hide();
   knoepfe->addStretch(1);
 
   lblStatus_ = new QLabel(this);

@@ -42,6 +42,7 @@ void ZugriffstastenSetzen(QWidget* w) {
     welche.push_back(nullptr);
   }
   for (QPushButton* b : knoepfe) {
+    if (b->isHidden()) continue;
     // Buttons without a letter ("<", "?", "1 - 2") keep their text as it is.
     if (!b->text().contains(QRegularExpression(QStringLiteral("[A-Za-z]")))) continue;
     const std::string t = S(b->text());
