@@ -164,7 +164,7 @@ struct Point {
 // safe: the same walk through the safeguarded routine (engine/safeguard), whose points all
 // converge the first time; the difference is the cost of its test.
 void BM_CalcBubbleP(benchmark::State& state, Kind kind, bool safe = false) {
-  const auto bubble = safe ? &peq::SafeBubbleP : &peq::CalcBubbleP;
+  const auto bubble = [safe](auto&&... a) { return safe ? peq::SafeBubbleP(a...) : peq::CalcBubbleP(a...); };
   const int n = static_cast<int>(state.range(0));
   peq::Session s = Mixture(n, kind);
   const double T = 340.0;
@@ -189,7 +189,7 @@ void BM_CalcBubbleP(benchmark::State& state, Kind kind, bool safe = false) {
 }
 
 void BM_CalcBubbleT(benchmark::State& state, Kind kind, bool safe = false) {
-  const auto bubble = safe ? &peq::SafeBubbleT : &peq::CalcBubbleT;
+  const auto bubble = [safe](auto&&... a) { return safe ? peq::SafeBubbleT(a...) : peq::CalcBubbleT(a...); };
   const int n = static_cast<int>(state.range(0));
   peq::Session s = Mixture(n, kind);
   const double p = 101.325;

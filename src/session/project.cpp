@@ -171,6 +171,12 @@ bool IsLastSessionName(const std::string& fileName) {
   return ToUpper(std::string_view(fileName).substr(fileName.size() - n)) == kLastSessionFile;
 }
 
+std::string ProjektStand(const Session& s) {
+  const std::string t = ProjectText(s, std::string(), true);
+  const std::size_t nl = t.find('\n');
+  return nl == std::string::npos ? t : t.substr(nl + 1);
+}
+
 bool ProjektSchreiben(const Session& s, const std::string& fileName, const std::string& comment,
                       std::string& err) {
   err.clear();

@@ -21,6 +21,9 @@ bool ProjektSchreiben(const Session& s, const std::string& fileName, const std::
 // Reads a project into the session. Returns ok; the boxes of the load go to sink. On ok true the
 // caller loads the substances (LoadSubstances) as the program does after a load.
 bool ProjektLesen(Session& s, const std::string& fileName, MsgSink* sink);
+// The project as ProjektSchreiben writes it, without its first line (the time of saving): two
+// sessions with the same text hold the same project. Throws NumericFault as the writer would.
+std::string ProjektStand(const Session& s);
 // The same; read tells whether the file was read to its end and the session now holds it, which
 // is also the case with a result false when a component's CAS-RN is not in the database (the
 // mixture is then loaded with a gap, KompIdx 0). A refused file leaves the session unchanged.

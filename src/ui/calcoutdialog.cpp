@@ -121,6 +121,7 @@ CalcOutDialog::CalcOutDialog(peq::mdiPEQ& f, QWidget* parent) : StateDialog(f, p
     b->setAutoDefault(false);
     b->setDefault(false);
   }
+  cmdClose_->setDefault(true);
   connect(cmdProtokoll_, &QPushButton::clicked, this, [this] { Do([&] { w_.cmdProtokoll(f_); }); });
   connect(cmdOpenNew_, &QPushButton::clicked, this, [this] { Do([&] { w_.cmdOpenNew(f_); }); });
   connect(cmbSep_, qOverload<int>(&QComboBox::activated), this,
@@ -162,7 +163,8 @@ void CalcOutDialog::Render() {
   setWindowTitle(Q(m.Caption));
   lblMethode_->setText(Q(m.lblMethode));
   lblUeberschrift_->setText(Q(m.lblUeberschrift));
-  lblErgebnis_->setText(Q(m.lblErgebnis));
+  lblErgebnis_->setText(m.lblZustand.empty() ? Q(m.lblErgebnis) : Q(m.lblErgebnis + "\n" + m.lblZustand));
+  lblErgebnis_->setWordWrap(true);
   lblErgebnis_->setVisible(!m.lblErgebnis.empty());
   lblHinweis_->setText(Q(m.lblHinweis));
   lblHinweis_->setVisible(!m.lblHinweis.empty());

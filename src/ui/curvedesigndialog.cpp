@@ -1,5 +1,7 @@
 #include "ui/curvedesigndialog.h"
 
+#include "ui/titelbreite.h"
+
 #include <QColorDialog>
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -82,6 +84,7 @@ CurveDesignDialog::CurveDesignDialog(const peq::SerienStil& stil, const QString&
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   form->addRow(buttons);
+  TitelPlatz(this);
 }
 
 void CurveDesignDialog::FarbeWaehlen() {

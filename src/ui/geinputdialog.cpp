@@ -88,6 +88,7 @@ GEInputDialog::GEInputDialog(peq::mdiPEQ& f, QWidget* parent) : StateDialog(f, p
   help->setObjectName(QStringLiteral("cmdHilfe"));
   help->setFixedWidth(28);
   for (QPushButton* b : {suchKIJ_, rueck_, vor_, ok_, help}) b->setAutoDefault(false);
+  ok_->setDefault(true);
 
   auto* buttons = new QHBoxLayout;
   buttons->addWidget(rueck_);

@@ -248,7 +248,7 @@ Graph2DWindow::Graph2DWindow(peq::mdiPEQ& f, peq::frmGraph2D& g, QWidget* parent
   setObjectName(QStringLiteral("frmGraph2D"));
   setWindowFlag(Qt::WindowMinMaxButtonsHint, true);
   setWindowModality(Qt::NonModal);
-  resize(900, 640);
+  resize(980, 640);
 
   chart_ = new QChart;
   chart_->setObjectName(QStringLiteral("Chart2D"));
@@ -274,27 +274,61 @@ Graph2DWindow::Graph2DWindow(peq::mdiPEQ& f, peq::frmGraph2D& g, QWidget* parent
   cmdZoomReset_ = Knopf(QStringLiteral("Zoom back"), QStringLiteral("cmdZoomReset"), this);
   cmdDelKurv_ = Knopf(QStringLiteral("Delete curves"), QStringLiteral("cmdDelKurv"), this);
   cmdClipboard_ = Knopf(QStringLiteral("Curve to clipboard"), QStringLiteral("cmdClipboard"), this);
-  mnuBild_ = new QToolButton(this);
-  mnuBild_->setObjectName(QStringLiteral("mnuBild"));
-  mnuBild_->setText(QStringLiteral("Image"));
-  mnuBild_->setPopupMode(QToolButton::InstantPopup);
+  // A push button draws its menu arrow beside the text, not over it.
+  mnuBild_ = Knopf(QStringLiteral("&Image"), QStringLiteral("mnuBild"), this);
   auto* bildMenu = new QMenu(mnuBild_);
   QAction* clip = bildMenu->addAction(QStringLiteral("to the Clipboard"));
   clip->setObjectName(QStringLiteral("mnuBildClipboard"));
   QAction* datei = bildMenu->addAction(QStringLiteral("Write image file"));
   datei->setObjectName(QStringLiteral("mnuBildDatei"));
-  QAction* alle = bildMenu->addAction(QStringLiteral("Delete all (curves, markers, points)"));
-  alle->setObjectName(QStringLiteral("mnuDelTotal"));
   mnuBild_->setMenu(bildMenu);
+  // The delete menu: one curve, the point clicked last, all curves, everything.
+  mnuDelete_ = Knopf(QStringLiteral("&Delete"), QStringLiteral("mnuDelete"), this);
+  auto* delMenu = new QMenu(mnuDelete_);
+  delMenu->setObjectName(QStringLiteral("mnuDeleteMenu"));
+  mnuSubDelKurv_ = delMenu->addMenu(QStringLiteral("&One curve"));
+  mnuSubDelKurv_->setObjectName(QStringLiteral("mnuSubDelKurv"));
+  QAction* punkt = delMenu->addAction(QStringLiteral("The &point clicked last"));
+  punkt->setObjectName(QStringLiteral("cmdMsgDelPoint"));
+  punkt->setShortcut(QKeySequence::Delete);
+  punkt->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+  addAction(punkt);
+  QAction* kurven = delMenu->addAction(QStringLiteral("&All curves"));
+  kurven->setObjectName(QStringLiteral("cmdDelKurvMenu"));
+  QAction* alle = delMenu->addAction(QStringLiteral("All (curves, &markers, points)"));
+  alle->setObjectName(QStringLiteral("mnuDelTotal"));
+  mnuDelete_->setMenu(delMenu);
+  connect(delMenu, &QMenu::aboutToShow, this, [this, punkt, kurven, alle] {
+    mnuSubDelKurv_->clear();
+    const auto liste = g_.KurvenListe();
+    for (const auto& [slot, text] : liste) {
+      QAction* a = mnuSubDelKurv_->addAction(Q(text));
+      a->setObjectName(QStringLiteral("mnuSubDelKurv_%1").arg(slot));
+      const int k = slot;
+      connect(a, &QAction::triggered, this, [this, k] { Do([this, k] { g_.mnuSubDelKurv_Click(f_, k); }); });
+    }
+    mnuSubDelKurv_->setEnabled(!liste.empty());
+    punkt->setEnabled(g_.MarkSerie != 0);
+    kurven->setEnabled(!liste.empty());
+    alle->setEnabled(true);
+  });
+  connect(punkt, &QAction::triggered, this, [this] { Do([this] { g_.mnuDelPoint_Click(f_); }); });
+  connect(kurven, &QAction::triggered, this, [this] { Do([this] { g_.cmdDelKurv_Click(f_); }); });
   for (QWidget* w : std::initializer_list<QWidget*>{cmdDraw_, cmdTausch_, cmdCoord_, cmdXLog_, cmdYLog_, cmdZoom_,
-                                                    cmdZoomReset_, cmdDelKurv_, cmdClipboard_, mnuBild_})
+                                                    cmdZoomReset_, mnuDelete_, cmdClipboard_, mnuBild_}) {
+    // A button keeps room for its whole caption (and the arrow of its menu).
+    w->setMinimumWidth(w->sizeHint().width() + (w == mnuDelete_ || w == mnuBild_ ? 12 : 0));
     knoepfe->addWidget(w);
+  }
+  // Deleting all curves stands in the delete menu; the row has no room for a button of its own.
+  cmdDelKurv_->hide();
   knoepfe->addStretch(1);
 
   lblStatus_ = new QLabel(this);
   lblStatus_->setObjectName(QStringLiteral("lblStatus"));
   lblStatus_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  lblStatus_->setMinimumHeight(lblStatus_->fontMetrics().height() * 2 + 4);
+  // Room for the read-out and the two lines of the hint from the start: the plot keeps its size.
+  lblStatus_->setFixedHeight(lblStatus_->fontMetrics().lineSpacing() * 3 + 6);
   lblStatus_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
 
   auto* lay = new QVBoxLayout(this);
@@ -332,7 +366,11 @@ Graph2DWindow::~Graph2DWindow() = default;
 
 QChartView* Graph2DWindow::View() const { return view_; }
 
-void Graph2DWindow::Cancel() { f_.Unload(peq::WindowId::frmGraph2D); }
+void Graph2DWindow::Cancel() {
+  // A diagram with curves closes only when the user says so.
+  if (!g_.SchliessenErlaubt(f_)) return;
+  f_.Unload(peq::WindowId::frmGraph2D);
+}
 
 void Graph2DWindow::BuildSeries() {
   const peq::Graph2DDoc& d = g_.Doc;
@@ -361,7 +399,14 @@ void Graph2DWindow::BuildSeries() {
 void Graph2DWindow::RenderAxes() {
   const peq::Graph2DDoc& d = g_.Doc;
   if (d.XLog != xLogShown_ || d.YLog != yLogShown_) {
-    // An axis changes its kind: the series move to a new one.
+    // An axis changes its kind: the series move to a new one. They are emptied first, since a
+    // logarithmic axis refuses points at or below zero; the points come back filtered.
+    for (int k = 1; k <= peq::kSerienAnz; ++k) serien_[static_cast<std::size_t>(k)]->clear();
+    for (QScatterSeries* e : expSerien_) {
+      chart_->removeSeries(e);
+      delete e;
+    }
+    expSerien_.clear();
     QAbstractAxis* nx = NeueAchse(d.XLog, d.Bereich.XMin, d.Bereich.XMax, Q(d.XTitel));
     QAbstractAxis* ny = NeueAchse(d.YLog, d.Bereich.YMin, d.Bereich.YMax, Q(d.YTitel));
     chart_->removeAxis(xAxis_);
@@ -423,7 +468,11 @@ void Graph2DWindow::RenderSeries() {
     for (const peq::Serie* s : {&e.L, &e.V}) {
       if (s->Punkte() == 0) continue;
       auto* sc = new QScatterSeries(chart_);
-      for (int i = 0; i < s->Punkte(); ++i) sc->append(s->x[static_cast<std::size_t>(i)], s->y[static_cast<std::size_t>(i)]);
+      for (int i = 0; i < s->Punkte(); ++i) {
+        const float x = s->x[static_cast<std::size_t>(i)], y = s->y[static_cast<std::size_t>(i)];
+        if ((d.XLog && !(x > 0)) || (d.YLog && !(y > 0))) continue;
+        sc->append(x, y);
+      }
       sc->setMarkerSize(8);
       sc->setColor(QColor(QRgb(0xff000000u | s->Stil.Farbe)));
       sc->setName(Q(e.Legende));
@@ -464,7 +513,12 @@ void Graph2DWindow::RenderLabels() {
 void Graph2DWindow::Render() {
   const peq::Graph2DDoc& d = g_.Doc;
   setWindowTitle(Q(g_.Caption));
-  if (chart_->title() != Q(d.Titel)) chart_->setTitle(Q(d.Titel));
+  // The title, and under it which component the composition axis tells.
+  QString titel = Q(d.Titel).toHtmlEscaped();
+  if (!g_.Untertitel.empty())
+    titel += QStringLiteral("<br><span style=\"font-weight:normal\">") + Q(g_.Untertitel).toHtmlEscaped() +
+             QStringLiteral("</span>");
+  if (chart_->title() != titel) chart_->setTitle(titel);
   cmdTausch_->setText(Q(g_.cmdTauschCaption));
   cmdTausch_->setEnabled(g_.cmdTauschEnabled);
   cmdXLog_->setChecked(d.XLog);
@@ -475,7 +529,7 @@ void Graph2DWindow::Render() {
   RenderSeries();
   RenderLabels();
   lblStatus_->setText(Q(g_.Status));
-  if (auto* mw = qobject_cast<QMainWindow*>(parentWidget())) mw->statusBar()->showMessage(Q(g_.Kommentar));
+  if (auto* mw = qobject_cast<QMainWindow*>(window())) mw->statusBar()->showMessage(Q(g_.Kommentar));
 }
 
 QXYSeries* Graph2DWindow::SerieVon(int slot) const {
@@ -604,9 +658,9 @@ void Graph2DWindow::BildDatei() {
   peq::FileDialogRequest req;
   req.save = true;
   req.title = "Write image file";
-  req.filter = "PNG image (*.PNG)|*.PNG|SVG image (*.SVG)|*.SVG";
-  req.defaultExt = "PNG";
-  req.initialFile = "*.PNG";
+  req.filter = "PNG image (*.png)|*.png|SVG image (*.svg)|*.svg";
+  req.defaultExt = "png";
+  req.initialFile = g_.BildDateiName();
   const peq::FileDialogResult r = f_.ui.FileDialog(req);
   if (r.cancelled || r.fileTitle.empty()) return;
   const QString file = Q(r.fileName);

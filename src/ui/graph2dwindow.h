@@ -14,6 +14,7 @@
 class QAbstractAxis;
 class QGraphicsSimpleTextItem;
 class QLabel;
+class QMenu;
 class QLineSeries;
 class QScatterSeries;
 class QPushButton;
@@ -37,6 +38,8 @@ class Graph2DWindow : public StateDialog {
   QPushButton* cmdTausch() const { return cmdTausch_; }
   QPushButton* cmdZoom() const { return cmdZoom_; }
   QPushButton* cmdZoomReset() const { return cmdZoomReset_; }
+  QPushButton* mnuDelete() const { return mnuDelete_; }
+  QPushButton* mnuBild() const { return mnuBild_; }
   QChart* Chart() const { return chart_; }
   QChartView* View() const;
   QLabel* StatusLabel() const { return lblStatus_; }
@@ -96,7 +99,9 @@ class Graph2DWindow : public StateDialog {
   QPushButton* cmdZoomReset_ = nullptr;
   QPushButton* cmdDelKurv_ = nullptr;
   QPushButton* cmdClipboard_ = nullptr;
-  QToolButton* mnuBild_ = nullptr;
+  QPushButton* mnuBild_ = nullptr;
+  QPushButton* mnuDelete_ = nullptr;
+  QMenu* mnuSubDelKurv_ = nullptr;
   bool zoomModus_ = false;
 };
 

@@ -44,6 +44,7 @@ KijInputDialog::KijInputDialog(peq::mdiPEQ& f, QWidget* parent) : StateDialog(f,
   auto* ok = new QPushButton(Mnemonic(peq::kGEInputOK), this);
   ok->setObjectName(QStringLiteral("cmdOK"));
   for (QPushButton* b : {such_, rueck_, vor_, ok}) b->setAutoDefault(false);
+  ok->setDefault(true);
   auto* buttons = new QHBoxLayout;
   buttons->addWidget(rueck_);
   buttons->addWidget(vor_);

@@ -17,6 +17,7 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QStatusBar>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSettings>
@@ -35,9 +36,11 @@
 #include "ui/qtconvert.h"
 #include "ui/stoffwahldialog.h"
 #include "ui/textwindows.h"
+#include "ui/titelbreite.h"
 #include "ui/tipdialog.h"
 #include "ui/tpxinputdialog.h"
 #include "ui/vmodelldialog.h"
+#include "windows/mnemonic.h"
 #include "windows/protokoll.h"
 
 namespace pequi {
@@ -100,6 +103,13 @@ MainWindow::~MainWindow() {
   // The views go first, while the window states they show still exist.
   for (QPointer<QWidget>& w : graveyard_)
     if (w) delete w.data();
+  // Sub-windows with their contents; their "destroyed" must not reach this half-gone frame.
+  for (QPointer<QMdiSubWindow>& w : subs_) {
+    if (w) {
+      w->disconnect(this);
+      delete w.data();
+    }
+  }
   for (QPointer<QWidget>& w : windows_) {
     if (w) {
       w->disconnect(this);
@@ -170,7 +180,7 @@ void MainWindow::BuildToolbar() {
       default: break;
     }
     if (d.id.index == 4 || d.id.index == 6) toolbar_->addSeparator();
-    QAction* a = toolbar_->addAction(style()->standardIcon(icon), Q(d.tip).trimmed());
+    QAction* a = toolbar_->addAction(style()->standardIcon(icon), Q(peq::AnzeigeCaption(d.tip)));
     a->setToolTip(Q(d.tip));
     a->setObjectName(QString::fromStdString(peq::CmdName(d.id)));
     const int button = d.id.index;
@@ -178,7 +188,7 @@ void MainWindow::BuildToolbar() {
     actions_[k] = a;
   }
   toolbar_->addSeparator();
-  cmdErstnutzer_ = new QPushButton(Q(peq::kErstnutzerCaption), toolbar_);
+  cmdErstnutzer_ = new QPushButton(Q(peq::MitZugriffstasten({peq::AnzeigeCaption(peq::kErstnutzerCaption)})[0]), toolbar_);
   cmdErstnutzer_->setObjectName(QStringLiteral("cmdErstnutzer"));
   toolbar_->addWidget(cmdErstnutzer_);
   connect(cmdErstnutzer_, &QPushButton::clicked, this, [this] { frame_.cmdErstnutzer_Click(); });
@@ -221,11 +231,27 @@ QWidget* MainWindow::FirstStepsPanel() const { return picture1_; }
 
 void MainWindow::RenderCommands() {
   const auto& table = peq::CommandTable();
+  // Menus and commands get their display text with an access key, sibling by sibling.
+  std::map<int, std::vector<std::size_t>> siblings;  // by place of the parent, -1 the menu bar
+  for (std::size_t k = 0; k < table.size(); ++k) {
+    if (!actions_[k]) continue;
+    if (table[k].kind != peq::CmdKind::Menu && table[k].kind != peq::CmdKind::Command) continue;
+    const int parent = table[k].parent.name == Cmd::None ? -1 : peq::CommandPlace(table[k].parent);
+    siblings[parent].push_back(k);
+  }
+  for (const auto& [parent, ks] : siblings) {
+    std::vector<std::string> captions;
+    for (std::size_t k : ks) captions.push_back(peq::AnzeigeCaption(frame_.cmds.At(k).caption));
+    const std::vector<std::string> texts = peq::MitZugriffstasten(captions);
+    for (std::size_t j = 0; j < ks.size(); ++j) {
+      QAction* a = actions_[ks[j]];
+      if (a->text() != Q(texts[j])) a->setText(Q(texts[j]));
+    }
+  }
   for (std::size_t k = 0; k < table.size(); ++k) {
     QAction* a = actions_[k];
     if (!a) continue;
     const peq::CommandStates::State& st = frame_.cmds.At(k);
-    if (table[k].kind == peq::CmdKind::Menu || table[k].kind == peq::CmdKind::Command) a->setText(Caption(st.caption));
     a->setEnabled(st.enabled);
     a->setVisible(st.visible);
   }
@@ -247,7 +273,7 @@ void MainWindow::FillWindowMenu(QMenu* menu) {
     ++n;
   }
   for (QPointer<QWidget>& w : windows_) {
-    if (!w || qobject_cast<QMdiSubWindow*>(w.data()) || !w->isVisible()) continue;
+    if (!w || qobject_cast<QMdiSubWindow*>(w.data()) || !w->isVisible() || !w->isWindow()) continue;
     QWidget* target = w.data();
     QAction* a = menu->addAction(target->windowTitle());
     connect(a, &QAction::triggered, this, [target] {
@@ -256,7 +282,7 @@ void MainWindow::FillWindowMenu(QMenu* menu) {
     });
     ++n;
   }
-  if (n == 0) menu->addAction(QStringLiteral("-"))->setEnabled(false);
+  if (n == 0) menu->addAction(QStringLiteral("(no window open)"))->setEnabled(false);
 }
 
 // ---- events ----
@@ -328,10 +354,13 @@ peq::Answer MainWindow::MsgBox(const std::string& title, const std::string& text
 
 std::optional<std::string> MainWindow::InputBox(const std::string& title, const std::string& prompt,
                                                 const std::string& defaultText) {
-  bool ok = false;
-  const QString t = QInputDialog::getText(this, Q(title), Q(prompt), QLineEdit::Normal, Q(defaultText), &ok);
-  if (!ok) return std::nullopt;
-  return S(t);
+  QInputDialog d(QApplication::activeModalWidget() ? QApplication::activeModalWidget() : this);
+  d.setWindowTitle(Q(title));
+  d.setLabelText(Q(prompt));
+  d.setTextValue(Q(defaultText));
+  TitelPlatz(&d);
+  if (d.exec() != QDialog::Accepted) return std::nullopt;
+  return S(d.textValue());
 }
 
 peq::FileDialogResult MainWindow::FileDialog(const peq::FileDialogRequest& req) {
@@ -396,12 +425,26 @@ bool MainWindow::Provides(WindowId id) {
   }
 }
 
-QWidget* MainWindow::AddMdiChild(QWidget* content, const QString& title) {
+QMdiSubWindow* MainWindow::AddMdiChild(QWidget* content, const QString& title, QSize wanted) {
+  // Each new child a step below and right of the one before, sized to fit the workspace.
+  const QSize area = mdi_->viewport()->size();
+  const int step = 26;
+  int n = 0;
+  for (QMdiSubWindow* w : mdi_->subWindowList())
+    if (w->isVisible()) ++n;
+  QSize size = wanted.isValid() ? wanted : QSize(640, 480);
+  size = size.boundedTo(area);
+  int x = (n * step) % std::max(step, area.width() - size.width() + 1);
+  int y = (n * step) % std::max(step, area.height() - size.height() + 1);
+  if (x + size.width() > area.width()) x = 0;
+  if (y + size.height() > area.height()) y = 0;
   QMdiSubWindow* sub = mdi_->addSubWindow(content);
   sub->setWindowTitle(title);
   sub->setAttribute(Qt::WA_DeleteOnClose);
-  sub->resize(640, 480);
+  sub->setGeometry(QRect(QPoint(x, y), size));
   sub->show();
+  content->show();
+  mdi_->setActiveSubWindow(sub);
   return sub;
 }
 
@@ -416,7 +459,9 @@ void MainWindow::Sweep() {
   bool left = false;
   for (QPointer<QWidget>& w : graveyard_) {
     if (!w) continue;
-    auto* d = qobject_cast<StateDialog*>(w.data());
+    QWidget* content = w.data();
+    if (auto* sub = qobject_cast<QMdiSubWindow*>(content)) content = sub->widget();
+    auto* d = qobject_cast<StateDialog*>(content);
     if (d && d->Busy()) {
       left = true;
       continue;
@@ -428,33 +473,68 @@ void MainWindow::Sweep() {
   if (left) QTimer::singleShot(50, this, &MainWindow::Sweep);
 }
 
+namespace {
+
+// The windows that are children of the frame's workspace; the others are dialogs.
+bool ImArbeitsbereich(WindowId id) {
+  switch (id) {
+    case WindowId::frmGraph2D:
+    case WindowId::frmGraph3D:
+    case WindowId::frmCalcOut:
+    case WindowId::frmUnifInkr:
+    case WindowId::frmTpxEdit:
+    case WindowId::frmXYEdit:
+    case WindowId::frmDistProtokoll:
+    case WindowId::frmHelp:
+      return true;
+    default:
+      return false;
+  }
+}
+
+}  // namespace
+
 void MainWindow::ShowWindow(WindowId id) {
-  if (QWidget* old = windows_[Slot(id)].data()) {
+  if (QWidget* old = subs_[Slot(id)].data()) {
+    subs_[Slot(id)] = nullptr;
     windows_[Slot(id)] = nullptr;
     Bury(old);
+  } else if (QWidget* old2 = windows_[Slot(id)].data()) {
+    windows_[Slot(id)] = nullptr;
+    Bury(old2);
   }
+  QWidget* parent = ImArbeitsbereich(id) ? nullptr : this;
   QWidget* w = nullptr;
+  QString title;
   switch (id) {
-    case WindowId::frmStoffwahl: w = new StoffwahlDialog(frame_, this); break;
-    case WindowId::frmVModell: w = new VModellDialog(frame_, this); break;
-    case WindowId::frmGEInput: w = new GEInputDialog(frame_, this); break;
-    case WindowId::frmKijInput: w = new KijInputDialog(frame_, this); break;
-    case WindowId::frmOptions: w = new OptionsDialog(frame_, this); break;
-    case WindowId::frmTip: w = new TipDialog(frame_, this); break;
-    case WindowId::frmGraph2D: w = new Graph2DWindow(frame_, frame_.Graph2D, this); break;
-    case WindowId::frmCalcInput: w = new CalcInputDialog(frame_, this); break;
-    case WindowId::frmCalcOut: w = new CalcOutDialog(frame_, this); break;
+    case WindowId::frmStoffwahl: w = new StoffwahlDialog(frame_, parent); break;
+    case WindowId::frmVModell: w = new VModellDialog(frame_, parent); break;
+    case WindowId::frmGEInput: w = new GEInputDialog(frame_, parent); break;
+    case WindowId::frmKijInput: w = new KijInputDialog(frame_, parent); break;
+    case WindowId::frmOptions: w = new OptionsDialog(frame_, parent); break;
+    case WindowId::frmTip: w = new TipDialog(frame_, parent); break;
+    case WindowId::frmGraph2D: w = new Graph2DWindow(frame_, frame_.Graph2D, parent); break;
+    case WindowId::frmCalcInput: w = new CalcInputDialog(frame_, parent); break;
+    case WindowId::frmCalcOut: w = new CalcOutDialog(frame_, parent); break;
     case WindowId::frmUnifInkr:
-      w = AddMdiChild(new TextWindow(Q(frame_.UnifInkr.Text)), Q(frame_.UnifInkr.Caption));
+      w = new TextWindow(Q(frame_.UnifInkr.Text));
+      title = Q(frame_.UnifInkr.Caption);
+      w->setWindowTitle(title);
       break;
     default:
       return;
   }
   windows_[Slot(id)] = w;
-  if (auto* sub = qobject_cast<QMdiSubWindow*>(w)) {
+  if (ImArbeitsbereich(id)) {
+    if (title.isEmpty()) title = w->windowTitle();
+    QMdiSubWindow* sub = AddMdiChild(w, title, w->size());
+    subs_[Slot(id)] = sub;
+    // The title of the window shown on its sub-window.
+    connect(w, &QWidget::windowTitleChanged, sub, &QWidget::setWindowTitle);
     // Closed from its title bar: the frame unloads it too.
     connect(sub, &QObject::destroyed, this, [this, id] {
       windows_[Slot(id)] = nullptr;
+      subs_[Slot(id)] = nullptr;
       if (frame_.IsLoaded(id)) frame_.Unload(id);
     });
   } else {
@@ -481,8 +561,9 @@ bool MainWindow::RunModal(WindowId id) {
 }
 
 void MainWindow::UnloadWindow(WindowId id) {
-  QWidget* w = windows_[Slot(id)].data();
+  QWidget* w = subs_[Slot(id)] ? static_cast<QWidget*>(subs_[Slot(id)].data()) : windows_[Slot(id)].data();
   windows_[Slot(id)] = nullptr;
+  subs_[Slot(id)] = nullptr;
   if (!w) return;
   Bury(w);
 }
@@ -499,6 +580,8 @@ void MainWindow::CommandsChanged() { RenderCommands(); }
 
 void MainWindow::FrameTitleChanged() { setWindowTitle(Q(frame_.Title())); }
 
+void MainWindow::StatusLine(const std::string& text) { statusBar()->showMessage(Q(text), 10000); }
+
 void MainWindow::SetClipboard(const std::string& text) { QGuiApplication::clipboard()->setText(Q(text)); }
 
 void MainWindow::WaitCursor(bool on) {
@@ -510,7 +593,7 @@ void MainWindow::WaitCursor(bool on) {
 
 void MainWindow::ShowHelp(int topic) {
   const QString page = Q(peq::HelpPage(frame_.HelpDir, topic).string());
-  auto* existing = qobject_cast<QMdiSubWindow*>(windows_[Slot(WindowId::frmHelp)].data());
+  QMdiSubWindow* existing = subs_[Slot(WindowId::frmHelp)].data();
   if (existing) {
     if (auto* help = qobject_cast<HelpWindow*>(existing->widget())) help->Open(page);
     mdi_->setActiveSubWindow(existing);
@@ -518,15 +601,23 @@ void MainWindow::ShowHelp(int topic) {
   }
   auto* help = new HelpWindow();
   help->Open(page);
-  QWidget* sub = AddMdiChild(help, QString::fromLatin1(peq::kHelpCaption));
-  connect(help, &HelpWindow::TitleChanged, sub, [sub](const QString& t) { sub->setWindowTitle(t); });
+  QMdiSubWindow* sub = AddMdiChild(help, QString::fromLatin1(peq::kHelpCaption));
+  connect(help, &HelpWindow::TitleChanged, sub, [sub, help](const QString& t) {
+    help->setWindowTitle(t);
+    sub->setWindowTitle(t);
+  });
+  help->setWindowTitle(help->Title());
   sub->setWindowTitle(help->Title());
-  windows_[Slot(WindowId::frmHelp)] = sub;
-  connect(sub, &QObject::destroyed, this, [this] { windows_[Slot(WindowId::frmHelp)] = nullptr; });
+  windows_[Slot(WindowId::frmHelp)] = help;
+  subs_[Slot(WindowId::frmHelp)] = sub;
+  connect(sub, &QObject::destroyed, this, [this] {
+    windows_[Slot(WindowId::frmHelp)] = nullptr;
+    subs_[Slot(WindowId::frmHelp)] = nullptr;
+  });
 }
 
 void MainWindow::CloseHelp() {
-  if (QWidget* w = windows_[Slot(WindowId::frmHelp)].data()) w->close();
+  if (QWidget* w = subs_[Slot(WindowId::frmHelp)].data()) w->close();
 }
 
 void MainWindow::Quit() {

@@ -3,6 +3,8 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QMdiSubWindow>
+#include <QSize>
 #include <QPointer>
 #include <array>
 #include <map>
@@ -16,6 +18,7 @@ class QAction;
 class QFrame;
 class QLabel;
 class QMdiArea;
+class QMdiSubWindow;
 class QMenu;
 class QPushButton;
 class QToolBar;
@@ -40,6 +43,8 @@ class MainWindow : public QMainWindow, public peq::Ui {
   // The view of a window, nullptr when it is not shown.
   QWidget* WindowOf(peq::WindowId id) const;
   QMdiArea* Mdi() const { return mdi_; }
+  // The MDI sub-window of a window, nullptr when it is none or not shown.
+  QMdiSubWindow* SubOf(peq::WindowId id) const { return subs_[static_cast<std::size_t>(id)].data(); }
   QWidget* FirstStepsPanel() const;
   QPushButton* FirstStepsButton() const { return cmdErstnutzer_; }
   QToolBar* Toolbar() const { return toolbar_; }
@@ -62,6 +67,7 @@ class MainWindow : public QMainWindow, public peq::Ui {
   void CommandsChanged() override;
   void FrameTitleChanged() override;
   void SetClipboard(const std::string& text) override;
+  void StatusLine(const std::string& text) override;
   void WaitCursor(bool on) override;
   void ShowHelp(int topic) override;
   void CloseHelp() override;
@@ -83,14 +89,17 @@ class MainWindow : public QMainWindow, public peq::Ui {
   // A view that was unloaded: hidden at once, deleted once no command of it is running.
   void Bury(QWidget* w);
   void Sweep();
-  // Shows a widget as a child of the MDI area.
-  QWidget* AddMdiChild(QWidget* content, const QString& title);
+  // Shows a widget as a child of the MDI area: sized to fit it (wanted: the size it asks for),
+  // placed a step below the child before.
+  QMdiSubWindow* AddMdiChild(QWidget* content, const QString& title, QSize wanted = QSize());
 
   peq::Session session_;
   peq::mdiPEQ frame_;
   std::vector<QAction*> actions_;  // by place in the command table
   std::map<int, QMenu*> menus_;    // by place in the command table
   std::array<QPointer<QWidget>, static_cast<std::size_t>(peq::WindowId::Count)> windows_{};
+  // The sub-windows of the windows shown in the workspace.
+  std::array<QPointer<QMdiSubWindow>, static_cast<std::size_t>(peq::WindowId::Count)> subs_{};
   QMdiArea* mdi_ = nullptr;
   QFrame* picture1_ = nullptr;
   std::array<QLabel*, 5> label1_{};

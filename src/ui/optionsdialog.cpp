@@ -76,6 +76,7 @@ OptionsDialog::OptionsDialog(peq::mdiPEQ& f, QWidget* parent) : StateDialog(f, p
   ok->setObjectName(QStringLiteral("cmdOK"));
   auto* cancel = new QPushButton(Mnemonic(peq::kOptionsCancel), this);
   cancel->setObjectName(QStringLiteral("cmdClose"));
+  ok->setDefault(true);
   auto* buttons = new QHBoxLayout;
   buttons->addStretch();
   buttons->addWidget(ok);

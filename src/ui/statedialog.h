@@ -9,6 +9,10 @@
 
 namespace pequi {
 
+// Gives every push button of the widget an access key: captions that mark their own keep it,
+// the others get the first free letter (shown without padding blanks).
+void ZugriffstastenSetzen(QWidget* w);
+
 class StateDialog : public QDialog {
   Q_OBJECT
  public:
@@ -22,6 +26,8 @@ class StateDialog : public QDialog {
   // The window's cancel command (it unloads the window).
   virtual void Cancel() = 0;
   void reject() override;
+  // At the first showing every push button gets an access key (those of the captions kept).
+  void showEvent(QShowEvent* e) override;
   // After a command: render again while the window is still loaded.
   void After();
   bool Loaded() const { return f_.IsLoaded(id_); }
@@ -40,6 +46,7 @@ class StateDialog : public QDialog {
 
  private:
   int busy_ = 0;
+  bool tastenGesetzt_ = false;
 };
 
 }  // namespace pequi

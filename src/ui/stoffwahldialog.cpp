@@ -10,6 +10,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QSignalBlocker>
+#include <QStyle>
 #include <QVBoxLayout>
 
 #include "ui/qtconvert.h"
@@ -40,8 +41,16 @@ StoffwahlDialog::StoffwahlDialog(peq::mdiPEQ& f, QWidget* parent) : StateDialog(
   setWindowModality(Qt::ApplicationModal);
   const QFont mono = QFontDatabase::systemFont(QFontDatabase::FixedFont);
 
-  auto* head = new QLabel(Q(peq::kStoffListeKopf), this);
-  head->setFont(mono);
+  // The head: its words stand over the columns of the entries (place, formula, name).
+  auto* head = new QWidget(this);
+  head->setObjectName(QStringLiteral("StoffListeKopf"));
+  const QStringList worte = Q(peq::kStoffListeKopf).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+  for (int k = 0; k < worte.size() && k < 3; ++k) {
+    kopf_[static_cast<std::size_t>(k)] = new QLabel(worte[k], head);
+    kopf_[static_cast<std::size_t>(k)]->setFont(mono);
+    kopf_[static_cast<std::size_t>(k)]->setObjectName(QStringLiteral("Kopf_%1").arg(k));
+  }
+  head->setFixedHeight(QFontMetrics(mono).height() + 4);
   stoffListe_ = new QListWidget(this);
   stoffListe_->setObjectName(QStringLiteral("StoffListe"));
   stoffListe_->setFont(mono);
@@ -96,7 +105,7 @@ StoffwahlDialog::StoffwahlDialog(peq::mdiPEQ& f, QWidget* parent) : StateDialog(
   right->addLayout(numbers);
   right->addWidget(lstSelected_, 1);
   auto* rightBox = new QVBoxLayout;
-  rightBox->addSpacing(head->sizeHint().height());
+  rightBox->addSpacing(head->minimumHeight());
   rightBox->addLayout(right, 1);
   lists->addLayout(rightBox, 2);
 
@@ -105,6 +114,9 @@ StoffwahlDialog::StoffwahlDialog(peq::mdiPEQ& f, QWidget* parent) : StateDialog(
   nameCombo_->setEditable(true);
   nameCombo_->setInsertPolicy(QComboBox::NoInsert);
   nameCombo_->setMinimumWidth(300);
+  // An editable combo box takes the keys itself (its line edit only gets them passed on), so
+  // Return is caught on the box.
+  nameCombo_->installEventFilter(this);
   nameCombo_->lineEdit()->installEventFilter(this);
   text1_ = new QLineEdit(this);
   text1_->setObjectName(QStringLiteral("Text1"));
@@ -117,6 +129,8 @@ StoffwahlDialog::StoffwahlDialog(peq::mdiPEQ& f, QWidget* parent) : StateDialog(
   cmdOK_ = new QPushButton(Q(peq::kGemischOKCaption), this);
   cmdOK_->setObjectName(QStringLiteral("GemischOK"));
   cmdOK_->setAutoDefault(false);
+  // Return where no box takes it confirms the mixture.
+  cmdOK_->setDefault(true);
   cmdEsc_ = new QPushButton(Mnemonic(peq::kStoffwahlEscCaption), this);
   cmdEsc_->setObjectName(QStringLiteral("cmdStoffwahlEsc"));
   cmdEsc_->setAutoDefault(false);
@@ -125,9 +139,14 @@ StoffwahlDialog::StoffwahlDialog(peq::mdiPEQ& f, QWidget* parent) : StateDialog(
   cmdHilfe_->setAutoDefault(false);
 
   auto* input = new QGridLayout;
-  input->addWidget(new QLabel(Q(peq::kNameComboLabel), this), 0, 0);
+  // The labels take the focus to their boxes with Alt and a letter.
+  auto* lblName = new QLabel(QStringLiteral("&") + Q(peq::kNameComboLabel), this);
+  lblName->setBuddy(nameCombo_);
+  auto* lblNr = new QLabel(QStringLiteral("&") + Q(peq::kText1Label), this);
+  lblNr->setBuddy(text1_);
+  input->addWidget(lblName, 0, 0);
   input->addWidget(nameCombo_, 0, 1);
-  input->addWidget(new QLabel(Q(peq::kText1Label), this), 0, 2);
+  input->addWidget(lblNr, 0, 2);
   input->addWidget(text1_, 0, 3);
   input->addWidget(lblCAS_, 1, 1, 1, 3);
   auto* buttons = new QHBoxLayout;
@@ -140,6 +159,8 @@ StoffwahlDialog::StoffwahlDialog(peq::mdiPEQ& f, QWidget* parent) : StateDialog(
   all->addLayout(lists, 1);
   all->addLayout(buttons);
   resize(1000, 560);
+  // The user starts by typing a name.
+  nameCombo_->setFocus(Qt::OtherFocusReason);
 
   connect(stoffListe_, &QListWidget::currentRowChanged, this, [this](int row) { Do([&] { w().StoffListe_Click(f_, row); }); });
   connect(stoffListe_, &QListWidget::itemDoubleClicked, this, [this] { Do([&] { w().StoffListe_DblClick(f_); }); });
@@ -195,11 +216,40 @@ void StoffwahlDialog::Render() {
 
 void StoffwahlDialog::Cancel() { w().cmdStoffwahlEsc(f_); }
 
+void StoffwahlDialog::KopfAusrichten() {
+  // Column c of an entry starts at the text margin of the items plus c character widths.
+  const QFontMetrics fm(stoffListe_->font());
+  const int rand = stoffListe_->style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, stoffListe_) + 1;
+  const QPoint links = stoffListe_->viewport()->mapTo(this, QPoint(0, 0));
+  QWidget* head = kopf_[0] ? kopf_[0]->parentWidget() : nullptr;
+  if (!head) return;
+  const int x0 = links.x() - head->mapTo(this, QPoint(0, 0)).x() + rand;
+  const int spalten[3] = {0, 6, 19};  // place, formula, name
+  for (std::size_t k = 0; k < 3; ++k) {
+    if (!kopf_[k]) continue;
+    kopf_[k]->adjustSize();
+    kopf_[k]->move(x0 + spalten[k] * fm.horizontalAdvance(QLatin1Char('0')) - kopf_[k]->contentsMargins().left() -
+                       kopf_[k]->margin(),
+                   0);
+  }
+}
+
+void StoffwahlDialog::resizeEvent(QResizeEvent* e) {
+  StateDialog::resizeEvent(e);
+  KopfAusrichten();
+}
+
+void StoffwahlDialog::showEvent(QShowEvent* e) {
+  StateDialog::showEvent(e);
+  KopfAusrichten();
+  nameCombo_->setFocus(Qt::OtherFocusReason);
+}
+
 bool StoffwahlDialog::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::KeyPress) {
     auto* key = static_cast<QKeyEvent*>(event);
     const bool ret = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
-    if (ret && watched == nameCombo_->lineEdit()) {
+    if (ret && (watched == nameCombo_ || watched == nameCombo_->lineEdit())) {
       if (!nameCombo_->currentText().isEmpty()) {
         w().NameCombo = S(nameCombo_->currentText());
         Do([&] { w().NameCombo_Return(f_); });

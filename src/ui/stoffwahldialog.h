@@ -26,13 +26,19 @@ class StoffwahlDialog : public StateDialog {
   QPushButton* RightOne() const { return cmdRightOne_; }
   QPushButton* GemischOK() const { return cmdOK_; }
   QLabel* Label3(int k) const { return label3_[static_cast<std::size_t>(k)]; }
+  // The words of the list's head: No., Formula, Name.
+  QLabel* Kopf(int k) const { return kopf_[static_cast<std::size_t>(k)]; }
 
  protected:
   void Cancel() override;
   bool eventFilter(QObject* watched, QEvent* event) override;
+  void resizeEvent(QResizeEvent* e) override;
+  void showEvent(QShowEvent* e) override;
 
  private:
   peq::frmStoffwahl& w() { return f_.Stoffwahl; }
+  void KopfAusrichten();
+  std::array<QLabel*, 3> kopf_{};
 
   QListWidget* stoffListe_ = nullptr;
   QListWidget* lstSelected_ = nullptr;

@@ -28,6 +28,10 @@ TipDialog::TipDialog(peq::mdiPEQ& f, QWidget* parent) : StateDialog(f, peq::Wind
   next->setObjectName(QStringLiteral("cmdNextTip"));
   auto* ok = new QPushButton(Mnemonic(peq::kTipCloseCaption), this);
   ok->setObjectName(QStringLiteral("cmdOK"));
+  // Enter closes the tip; "Next Tip" only by its own key or a click.
+  next->setAutoDefault(false);
+  ok->setAutoDefault(false);
+  ok->setDefault(true);
   auto* buttons = new QHBoxLayout;
   buttons->addWidget(chk_);
   buttons->addStretch();

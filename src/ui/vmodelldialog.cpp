@@ -139,6 +139,7 @@ VModellDialog::VModellDialog(peq::mdiPEQ& f, QWidget* parent) : StateDialog(f, p
   cmdOK_ = new QPushButton(Q(peq::kOKModellCaption), this);
   cmdOK_->setObjectName(QStringLiteral("cmdOKModell"));
   cmdOK_->setAutoDefault(false);
+  cmdOK_->setDefault(true);  // Enter accepts the models
   cmdEsc_ = new QPushButton(Mnemonic(peq::kEscCaption), this);
   cmdEsc_->setObjectName(QStringLiteral("cmdEsc"));
   cmdEsc_->setAutoDefault(false);

@@ -81,6 +81,31 @@ void frmCalcOut::Festhalten(const Session& s) {
   }
 }
 
+std::string EinphasenZustand(Session& s, double T, double p, const Vec<double>& z) {
+  const auto zahl = [](double v) { return ZahlG(v, 6); };
+  // At T: the bubble and dew pressures.
+  const double pB = SafeFlashTEta(s, T, 0.0, z);
+  const double pD = SafeFlashTEta(s, T, 1.0, z);
+  const std::string beiT = "at T/K = " + zahl(T);
+  if (pB > 0 && p > pB)
+    return "The mixture is all liquid: " + beiT + " its bubble point lies at p/kPa = " + zahl(pB) +
+           (pD > 0 ? " (dew point " + zahl(pD) + ")." : std::string("."));
+  if (pD > 0 && p < pD)
+    return "The mixture is all vapour: " + beiT + " its dew point lies at p/kPa = " + zahl(pD) +
+           (pB > 0 ? " (bubble point " + zahl(pB) + ")." : std::string("."));
+  // At p: the bubble and dew temperatures.
+  const double TB = SafeFlashPEta(s, p, 0.0, z);
+  const double TD = SafeFlashPEta(s, p, 1.0, z);
+  const std::string beiP = "at p/kPa = " + zahl(p);
+  if (TD > 0 && T > TD)
+    return "The mixture is all vapour: " + beiP + " its dew point lies at T/K = " + zahl(TD) +
+           (TB > 0 ? " (bubble point " + zahl(TB) + ")." : std::string("."));
+  if (TB > 0 && T < TB)
+    return "The mixture is all liquid: " + beiP + " its bubble point lies at T/K = " + zahl(TB) +
+           (TD > 0 ? " (dew point " + zahl(TD) + ")." : std::string("."));
+  return std::string();
+}
+
 void frmCalcOut::Load(mdiPEQ& f) {
   Session& s = f.s;
   const int n = s.NKomp;
@@ -100,6 +125,7 @@ void frmCalcOut::Load(mdiPEQ& f) {
   Summe = static_cast<float>(summe);
   Geloest = false;
   Wiederholt = false;
+  lblZustand.clear();
   DichteOK = false;
   RhoL = RhoV = 0;
   ML = MV = MFeed = 0;
@@ -124,9 +150,10 @@ void frmCalcOut::Flash(mdiPEQ& f) {
     case 2: {
       const double e = SafeFlashTP(s, T, p, s.Feed);
       if (e < 0) {
-        f.ui.MsgBox(kTitleNotPossible,
-                    std::string(kTpAusserhalb[0]) + kNL + kTpAusserhalb[1] + kNL + kTpAusserhalb[2],
-                    MsgIcon::Stop, Buttons::Ok);
+        lblZustand = EinphasenZustand(s, T, p, s.Feed);
+        std::string text = std::string(kTpAusserhalb[0]) + kNL + kTpAusserhalb[1] + kNL + kTpAusserhalb[2];
+        if (!lblZustand.empty()) text += kNL + lblZustand;
+        f.ui.MsgBox(kTitleNotPossible, text, MsgIcon::Stop, Buttons::Ok);
         return;
       }
       eta = e;
@@ -361,6 +388,7 @@ void frmCalcOut::cmdProtokoll(mdiPEQ& f) {
     return;
   }
   lblDatei = std::string(kDateiLabel) + FensterKurztitel(s.ProtokollDatei, kDateiKurz);
+  f.ui.StatusLine("Result recorded in " + s.ProtokollDatei);
 }
 
 void frmCalcOut::cmdOpenNew(mdiPEQ& f) {

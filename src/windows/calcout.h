@@ -72,12 +72,19 @@ std::string FormatGamma(double v, bool dezKomma = false);
 // A fixed number of decimals (T, p, molar masses, densities).
 std::string FormatFest(double v, int decimals, bool dezKomma = false);
 
+// What a feed z is at T (K) and p (kPa) where the T-p flash finds no two phases: all vapour
+// when p lies below its dew pressure at T (or T above its dew temperature at p), all liquid when
+// p lies above its bubble pressure at T (or T below its bubble temperature at p). The dew and
+// bubble points come from the flashes with eta(V) 1 and 0. Empty when neither can be told.
+std::string EinphasenZustand(Session& s, double T, double p, const Vec<double>& z);
+
 struct frmCalcOut {
   std::string Caption;     // title
   std::string lblMethode;  // the line under the title
   std::string lblUeberschrift;
   std::string lblErgebnis;  // "no solution possible" after a failure, else empty
   std::string lblHinweis;   // kHinweisWiederholt when the safeguard's retry found the result, else empty
+  std::string lblZustand;   // a single-phase state of the T-p flash in plain words, else empty
   int16_t Art = 1;          // CalcArt at load
   int16_t Vorgabe = 2;      // CalcVorgabe at load
   bool Geloest = false;     // the calculation gave a result

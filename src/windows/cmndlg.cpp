@@ -5,6 +5,7 @@
 #include <fstream>
 #include <system_error>
 
+#include "session/anycase.h"
 #include "session/codepage.h"
 #include "substances/bank.h"
 #include "substances/unifacfiles.h"
@@ -188,11 +189,23 @@ void frmCmnDlg::ListenFuellen() {
   std::sort(filOpenList.begin(), filOpenList.end(), byUpper);
 }
 
+void frmCmnDlg::NameNachVerzeichniswechsel() {
+  // A name of the old directory would name a file that is not here: the box shows the pattern,
+  // unless the same name stands in the new directory too.
+  const std::string name = Trim(txtOpenFile);
+  std::error_code ec;
+  if (!name.empty() && name.find_first_of("?*/\\") == std::string::npos &&
+      fs::is_regular_file(FindFileAnyCase(fs::path(Verzeichnis + name)), ec))
+    return;
+  txtOpenFile = Muster;
+}
+
 void frmCmnDlg::drvOpenList_Change(mdiPEQ&, int index) {
   if (index < 0 || index >= static_cast<int>(drvOpenList.size())) return;
   drvIndex = index;
   Verzeichnis = MitTrenner(drvOpenList[static_cast<std::size_t>(index)]);
   VorschauLeeren();
+  NameNachVerzeichniswechsel();
   ListenFuellen();
 }
 
@@ -200,6 +213,7 @@ void frmCmnDlg::dirOpenList_Click(mdiPEQ&, int index) {
   if (index < 0 || index >= static_cast<int>(dirOpenList.size())) return;
   Verzeichnis = MitTrenner(Verzeichnis + dirOpenList[static_cast<std::size_t>(index)]);
   VorschauLeeren();
+  NameNachVerzeichniswechsel();
   ListenFuellen();
 }
 
@@ -208,6 +222,7 @@ void frmCmnDlg::cmdReturn(mdiPEQ&) {
   p = p.parent_path();  // the directory itself (the trailing separator gives an empty name)
   if (p.has_parent_path() && p != p.root_path()) Verzeichnis = MitTrenner(p.parent_path().string());
   VorschauLeeren();
+  NameNachVerzeichniswechsel();
   ListenFuellen();
 }
 
@@ -265,6 +280,9 @@ bool frmCmnDlg::cmdOpenOK(mdiPEQ& f) {
   if (!fullText.empty() && fullText.back() == '/') fullText.pop_back();
   full = fs::path(fullText);
   std::error_code ec;
+  // The name box may spell the name in another case than the file system (it is upper-cased
+  // when the dialog opens): the file is looked up regardless of case.
+  if (Modus == "Open" && !fs::is_regular_file(full, ec)) full = FindFileAnyCase(full);
   if (fs::is_regular_file(full, ec) || Modus != "Open") {
     ErgebnisPfad = MitTrenner(full.parent_path().string());
     ErgebnisDatei = full.filename().string();

@@ -91,6 +91,7 @@ struct frmCmnDlg {
 
  private:
   void VorschauLeeren();
+  void NameNachVerzeichniswechsel();
 };
 
 }  // namespace peq

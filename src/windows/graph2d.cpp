@@ -3,6 +3,8 @@
 #include <exception>
 
 #include "session/numeric.h"
+#include "diagrams/kurven.h"
+#include "session/codepage.h"
 #include "session/numformat.h"
 #include "windows/shell.h"
 
@@ -91,6 +93,22 @@ void frmGraph2D::Form_Load(mdiPEQ& f, const GraphAufbau& g) {
   Kommentar.clear();
   LetzterFehler = 0;
   AnzGezeichnet = 0;
+  MarkSerie = MarkPunkt = 0;
+  UntertitelSetzen(s);
+}
+
+void frmGraph2D::UntertitelSetzen(const Session& s) {
+  Untertitel.clear();
+  switch (Doc.NoDia) {
+    case 7: case 183: case 200: case 201: case 202: case 250:
+      return;  // the abscissa is no composition of the pair
+    default:
+      break;
+  }
+  const std::size_t k = static_cast<std::size_t>(s.Komp2);
+  if (s.Komp2 < 1 || k >= s.StoffData.size()) return;
+  const std::string name = Trim(s.StoffData[k].Name);
+  if (!name.empty()) Untertitel = "x: " + name;
 }
 
 void frmGraph2D::Titel(mdiPEQ& f) {
@@ -179,6 +197,12 @@ void frmGraph2D::cmdTausch_Click(mdiPEQ& f) {
   cmdTauschCaption = TauschCaption(s.Komp1, s.Komp2);
   Titel(f);
   TauscheKomponenten(Doc);
+  UntertitelSetzen(s);
+  // The pure-substance line of the status follows the new order of the pair.
+  if (Kommentar.rfind("pure-substance vapour pressures at ", 0) == 0)
+    SiedeText(s, Doc.T, s.Komp1, s.Komp2, Kommentar);
+  else if (Kommentar.rfind("pure-substance boiling temp. at ", 0) == 0)
+    SiedeTextP(s, Doc.p, s.Komp1, s.Komp2, Kommentar);
 }
 
 bool frmGraph2D::cmdCoord_OK(mdiPEQ& f, const Achsenbereich& b, std::string& Meldung) {
@@ -210,16 +234,62 @@ void frmGraph2D::cmdZoomReset(mdiPEQ& f) {
 
 void frmGraph2D::mnuSubDelKurv_Click(mdiPEQ&, int slot) {
   LoescheKurve(Doc, slot);
+  if (MarkSerie == slot) MarkSerie = MarkPunkt = 0;
   Status.clear();
+}
+
+bool frmGraph2D::mnuDelPoint_Click(mdiPEQ& f) {
+  if (MarkSerie == 0) return false;
+  const bool weg = cmdMsgDelPoint(f, MarkSerie, MarkPunkt);
+  if (weg) {
+    MarkSerie = MarkPunkt = 0;
+    Status.clear();
+  }
+  return weg;
+}
+
+std::vector<std::pair<int, std::string>> frmGraph2D::KurvenListe() const {
+  std::vector<std::pair<int, std::string>> l;
+  for (int k = 1; k <= kMaxKurven; ++k) {
+    if (Doc.KurveFrei[static_cast<std::size_t>(k)]) continue;
+    const Serie& ser = Doc.Serien[static_cast<std::size_t>(k)];
+    if (ser.Punkte() == 0) continue;
+    l.emplace_back(k, std::to_string(k) + ": " + (ser.Legende.empty() ? "curve " + std::to_string(k) : ser.Legende));
+  }
+  return l;
+}
+
+bool frmGraph2D::SchliessenErlaubt(mdiPEQ& f) {
+  if (Doc.AnzKurven <= 0) return true;
+  return f.ui.MsgBox(kSchliessenTitel, kSchliessenFrage, MsgIcon::Question, Buttons::YesNo) == Answer::Yes;
+}
+
+std::string frmGraph2D::BildDateiName() const {
+  // The title up to its model part, letters and digits kept, the rest one "-".
+  std::string t = Doc.Titel.substr(0, Doc.Titel.find('('));
+  std::string n;
+  for (char c : t) {
+    const unsigned char u = static_cast<unsigned char>(c);
+    if ((u >= '0' && u <= '9') || (u >= 'a' && u <= 'z') || (u >= 'A' && u <= 'Z')) {
+      n += c;
+    } else if (!n.empty() && n.back() != '-') {
+      n += '-';
+    }
+  }
+  while (!n.empty() && n.back() == '-') n.pop_back();
+  if (n.empty()) n = "diagram";
+  return n + ".png";
 }
 
 void frmGraph2D::cmdDelKurv_Click(mdiPEQ&) {
   LoescheAlleKurven(Doc);
+  MarkSerie = MarkPunkt = 0;
   Status.clear();
 }
 
 void frmGraph2D::mnuDelTotal_Click(mdiPEQ&) {
   LoescheAlles(Doc);
+  MarkSerie = MarkPunkt = 0;
   Status.clear();
 }
 
@@ -233,6 +303,10 @@ void frmGraph2D::Chart_MouseMove(int serie, int punkt) {
 
 void frmGraph2D::Chart_Click(mdiPEQ&, int serie, int punkt) {
   Chart_MouseMove(serie, punkt);
+  if (!PunktText(Doc, serie, punkt).empty()) {
+    MarkSerie = serie;
+    MarkPunkt = punkt;
+  }
   if (serie >= 1 && serie <= kMaxKurven && !HinweisGezeigt && !Doc.KurveFrei[static_cast<std::size_t>(serie)]) {
     HinweisGezeigt = true;
     Status += std::string(kNL) + kHinweisRechtsklick;

@@ -6,6 +6,8 @@
 
 #include <cstdint>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "diagrams/catalogue.h"
 #include "diagrams/curve.h"
@@ -27,6 +29,9 @@ inline constexpr const char* kKeineDichteTitel = "NO DIAGRAM POSSIBLE";
 inline constexpr const char* kMsgSubCalcCurve = "Message from Sub CalcCurve";
 inline constexpr const char* kPunktLoeschenFrage = " Really delete?";
 inline constexpr const char* kPunktLoeschenTitel = "Delete a Curve Point";
+// Closing a diagram that holds curves is asked first.
+inline constexpr const char* kSchliessenTitel = "Close diagram";
+inline constexpr const char* kSchliessenFrage = "The diagram holds curves that are lost when it closes.\nClose it?";
 
 // Legend text and chart label of the curve k (1 or 2) of one drawing of NoDia at T (K), p (kPa)
 // and x2, for the pair Komp1, Komp2. Label empty: the numeric label of the slot stays.
@@ -53,12 +58,19 @@ struct frmGraph2D {
   bool HinweisGezeigt = false;
   int16_t LetzterFehler = 0;  // Fehler of the last CalcCurve call
   int AnzGezeichnet = 0;      // curves drawn by the last cmdDraw
+  // Which component the composition axis tells ("x: Methanol"); empty where x is no
+  // composition. Follows the exchange of the components.
+  std::string Untertitel;
+  // The point clicked last (series, 1-based point); 0 when none. A point is deleted from here.
+  int MarkSerie = 0, MarkPunkt = 0;
 
   // Form_Load: the chart from NoDia, the titles of the catalogue and the coordinates of the
   // session (set by the title routine).
   void Form_Load(mdiPEQ& f, const GraphAufbau& g);
   // The titles again (after an exchange of the components or a change of units).
   void Titel(mdiPEQ& f);
+  // The subtitle from the session's pair.
+  void UntertitelSetzen(const Session& s);
 
   // cmdDraw: one curve set at the session's T, p and x2.
   void cmdDraw_Click(mdiPEQ& f);
@@ -79,6 +91,14 @@ struct frmGraph2D {
   void Chart_Click(mdiPEQ& f, int serie, int punkt);
   // cmdMsgDelPoint: asks " Really delete?" and hides the point when the answer is Yes.
   bool cmdMsgDelPoint(mdiPEQ& f, int serie, int punkt);
+  // The point marked by the last click: asked and deleted as cmdMsgDelPoint does.
+  bool mnuDelPoint_Click(mdiPEQ& f);
+  // The curves the delete menu offers: slot and its text (the legend, or "curve " and the slot).
+  std::vector<std::pair<int, std::string>> KurvenListe() const;
+  // Whether the window may close: a diagram with curves asks first. true when it may.
+  bool SchliessenErlaubt(mdiPEQ& f);
+  // The file name the image export offers: the diagram's title in plain characters, ".png".
+  std::string BildDateiName() const;
   // Right click on a curve: true when the curve design opens for it.
   bool Chart_RightClick(int serie);
   // cmdClipboard: one curve (slot) to the clipboard as text. false when the slot is empty.

@@ -49,6 +49,7 @@ class ScriptedUi : public Ui {
   bool quit = false;
   std::string clipboard;
   int waitCursorOn = 0;
+  std::vector<std::string> statusLines;
 
   // The last box (an empty one when there is none).
   Box Last() const { return boxes.empty() ? Box{} : boxes.back(); }
@@ -73,6 +74,7 @@ class ScriptedUi : public Ui {
   void FrameTitleChanged() override { ++titleChanged; }
   void SetClipboard(const std::string& text) override { clipboard = text; }
   void WaitCursor(bool on) override { waitCursorOn += on ? 1 : -1; }
+  void StatusLine(const std::string& text) override { statusLines.push_back(text); }
   void ShowHelp(int topic) override { helpTopics.push_back(topic); }
   void CloseHelp() override { ++helpClosed; }
   void Quit() override { quit = true; }

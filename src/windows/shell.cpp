@@ -159,7 +159,32 @@ fs::path mdiPEQ::LastSessionPath() const { return WriteDir() / LastSessionFile; 
 
 std::string mdiPEQ::Title() const {
   if (!s.BankOffen) return kFrameTitle;
-  return std::string(kFrameTitle) + "  [" + FensterKurztitel(BankPfadDatei(s), 60) + "]";
+  std::string t = kFrameTitle;
+  if (!TitelProjekt.empty()) {
+    std::string bare = TitelProjekt;
+    const std::size_t sep = bare.find_last_of("/\\");
+    if (sep != std::string::npos) bare.erase(0, sep + 1);
+    t += " - " + bare;
+  }
+  if (Ungespeichert()) t += " *";
+  return t + "  [" + FensterKurztitel(BankPfadDatei(s), 60) + "]";
+}
+
+bool mdiPEQ::Ungespeichert() const {
+  if (s.NKomp < 1) return false;
+  try {
+    return ProjektStand(s) != gespeichert_;
+  } catch (const std::exception&) {
+    return true;
+  }
+}
+
+void mdiPEQ::AlsGespeichertMerken() {
+  try {
+    gespeichert_ = ProjektStand(s);
+  } catch (const std::exception&) {
+    gespeichert_.clear();
+  }
 }
 
 void mdiPEQ::ShowBox(const std::string& title, const std::string& text, MsgIcon icon) {
@@ -437,6 +462,7 @@ void mdiPEQ::mnuOpenBank_Click() {
   ResetModelsFrame();
   Gating(GateEvent::BankOpened, s, cmds);
   s.NKomp = 0;
+  TitelProjekt.clear();  // a new project
   CommandsChanged();
   ui.FrameTitleChanged();
   mnuStoff_Click();
@@ -468,13 +494,17 @@ void mdiPEQ::mnuLoadLastSession_Click() {
   Unload(WindowId::frmStoffwahl);
   MsgSink sink;
   const LoadStage st = ProjektLaden(s, LastSessionPath().string(), &sink);
+  if (st != LoadStage::NotRead) {
+    TitelProjekt.clear();
+    AlsGespeichertMerken();
+  }
   ShowMessages(ui, sink);
   ui.FrameTitleChanged();
   // The last session enables the commands only when the file was read and the substances loaded.
   if (st == LoadStage::Loaded) NachProjektLaden();
 }
 
-std::string mdiPEQ::ProjektAuswaehlen() {
+std::string mdiPEQ::ProjektAuswaehlen(std::string* commentOut) {
   std::string path = s.PfadProjekt;
   std::string file = s.ProjektDatei;
   BankNurName(file);
@@ -482,6 +512,7 @@ std::string mdiPEQ::ProjektAuswaehlen() {
   bool cancel = true;
   DateiDialog("Open", path, file, comment, cancel, kProjektFilter, "Load a project");
   if (cancel || file.empty()) return std::string();
+  if (commentOut) *commentOut = comment;
   std::string name = path;
   if (!name.empty() && !IsSeparator(name.back())) name += '/';
   name += file;
@@ -491,13 +522,21 @@ std::string mdiPEQ::ProjektAuswaehlen() {
 }
 
 void mdiPEQ::mnuLoadProject_Click() {
-  const std::string file = ProjektAuswaehlen();
+  std::string comment;
+  const std::string file = ProjektAuswaehlen(&comment);
   ui.FrameTitleChanged();
   if (file.empty()) return;
   for (WindowId w : kToolbarUnloads) Unload(w);
   Unload(WindowId::frmStoffwahl);
   MsgSink sink;
   const LoadStage st = ProjektLaden(s, file, &sink);
+  // The reader sets the comment of the file; the one edited in the preview carries into the
+  // next save.
+  if (st != LoadStage::NotRead) {
+    s.ProjektKommentar = comment;
+    TitelProjekt = file;
+    AlsGespeichertMerken();
+  }
   ShowMessages(ui, sink);
   ui.FrameTitleChanged();
   switch (st) {
@@ -529,6 +568,12 @@ bool mdiPEQ::ProjektSpeichern(const std::string& fileName) {
   if (!ProjektSchreiben(s, fileName, comment, err)) {
     ShowBox("Error", err, MsgIcon::Stop);
     return false;
+  }
+  if (!IsLastSessionName(fileName)) {
+    TitelProjekt = fileName;
+    AlsGespeichertMerken();
+    ui.StatusLine("Project saved: " + fileName);
+    ui.FrameTitleChanged();
   }
   return true;
 }

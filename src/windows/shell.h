@@ -132,7 +132,17 @@ class mdiPEQ {
   // Tells the user that this front end has no such window yet.
   void NichtVerfuegbar(WindowId id);
   // Refreshes the commands in the window layer.
-  void CommandsChanged() { ui.CommandsChanged(); }
+  // The title follows too: it marks a project that changed since it was saved or loaded.
+  void CommandsChanged() {
+    ui.CommandsChanged();
+    ui.FrameTitleChanged();
+  }
+  // The project the title names: the file last saved or loaded, empty for a new one.
+  std::string TitelProjekt;
+  // The session holds a mixture that differs from the project as last saved or loaded.
+  bool Ungespeichert() const;
+  // The session as it now stands counts as saved.
+  void AlsGespeichertMerken();
 
   // ---- commands and routines of the frame ----
   void SelectAndLoadBank(bool& cancel);
@@ -171,7 +181,8 @@ class mdiPEQ {
                    std::string& comment, bool& cancel, const std::string& filter,
                    const std::string& title);
   // ProjektAuswaehlen: the dialog in project mode; returns the chosen file, empty on cancel.
-  std::string ProjektAuswaehlen();
+  // comment: the comment of the preview as the user left it.
+  std::string ProjektAuswaehlen(std::string* comment = nullptr);
   // What a load restores after the file was read (and the substances loaded).
   void NachProjektLaden();
 
@@ -181,6 +192,7 @@ class mdiPEQ {
  private:
   std::array<bool, static_cast<std::size_t>(WindowId::Count)> loaded_{};
   bool writable_ = true;  // the program's directory can be written
+  std::string gespeichert_;  // ProjektStand at the last save or load
   void Step(int n) { StartSteps.push_back(n); }
   void ShowBox(const std::string& title, const std::string& text, MsgIcon icon);
 };

@@ -175,7 +175,11 @@ void frmStoffwahl::cmdRightOne(mdiPEQ& f) {
   std::string& entry = StoffListe[static_cast<std::size_t>(idx)];
   lstSelected.push_back(entry.substr(0, kPlatzBreite) + (entry.size() > 18 ? entry.substr(18) : std::string()));
   entry = Trim(entry.substr(0, kPlatzBreite));
-  if (idx + 1 < static_cast<int>(StoffListe.size())) Markieren(f, idx + 1);
+  if (idx + 1 < static_cast<int>(StoffListe.size())) {
+    // The name box follows the mark, as the number box and the CAS-RN do.
+    Markieren(f, idx + 1);
+    NameCombo = Trim(f.s.BankName[static_cast<std::size_t>(idx + 2)]);
+  }
   lstSelectedIndex = static_cast<int>(lstSelected.size()) - 1;
 }
 

@@ -103,6 +103,8 @@ class Ui {
 
   virtual void SetClipboard(const std::string& text) = 0;
   virtual void WaitCursor(bool on) = 0;
+  // A short confirmation in the frame's status line ("Project saved: ...").
+  virtual void StatusLine(const std::string& text) { (void)text; }
 
   // Help pages by topic number; CloseHelp closes every help window.
   virtual void ShowHelp(int topic) = 0;

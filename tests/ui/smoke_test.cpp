@@ -10,6 +10,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScreen>
 #include <cstdio>
 
 #include "ui/geinputdialog.h"
@@ -102,6 +103,29 @@ TEST_F(Smoke, Screenshots) {
   F().ui.ShowHelp(32800);
   QApplication::processEvents();
   EXPECT_TRUE(Save(win.get(), "main_models_accepted.png"));
+
+  // The p-x diagram through its menu command and "Draw curve now": it opens inside the frame,
+  // below the menu bar.
+  answer.onModal = [](QWidget* m) {
+    for (QPushButton* b : m->findChildren<QPushButton*>())
+      if (b->text().remove(QLatin1Char('&')) == QStringLiteral("Draw curve now") && b->isVisible()) {
+        QTest::mouseClick(b, Qt::LeftButton);
+        return true;
+      }
+    return false;
+  };
+  A(Cmd::graf, 0)->trigger();
+  QApplication::processEvents();
+  QWidget* diagram = win->WindowOf(WindowId::frmGraph2D);
+  ASSERT_NE(diagram, nullptr);
+  EXPECT_EQ(diagram->window(), win.get());
+  EXPECT_TRUE(Save(win.get(), "main_diagram.png"));
+  // What the screen shows: the frame with its menu bar and the diagram in it.
+  if (QScreen* screen = QGuiApplication::primaryScreen()) {
+    QApplication::processEvents();
+    const QPixmap shot = screen->grabWindow(0);
+    if (!shot.isNull()) shot.save(QDir(ShotDir()).filePath(QStringLiteral("screen_diagram.png")));
+  }
   std::printf("screenshots in %s\n", qPrintable(ShotDir()));
 }
 

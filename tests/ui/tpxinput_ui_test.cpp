@@ -78,7 +78,7 @@ TEST_F(TpxWalk, PxDiagramAt70CThroughTheMenu) {
     if (!d) return false;
     titel = d->windowTitle();
     label = d->InputLabel()->text();
-    okText = d->OK()->text();
+    okText = d->OK()->text().remove(QLatin1Char('&'));
     drawVisible = d->OKAndDraw()->isVisible();
     realVisible = d->RealKurve()->isVisible();
     EXPECT_EQ(d->RealKurve()->text(), QStringLiteral("draw real curve in case of a mixung gap"));

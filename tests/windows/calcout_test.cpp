@@ -94,9 +94,10 @@ TEST_F(CalcOut, OutsideTheRangeShowsTheThreeLinesAndNoSolution) {
   // 100 bar at 82 degrees C: far above the bubble pressure, no vapour can exist.
   FlashPT(10000, 355.15);
   ASSERT_EQ(e.ui.boxes.size(), 1u);
-  EXPECT_EQ(e.ui.Last().text,
-            "With your T-p combination you\nare outside the PEQ range.\nAdvice: You should get an overview of "
-            "this situation using the p-x or T-x diagram.");
+  const std::string words =
+      "With your T-p combination you\nare outside the PEQ range.\nAdvice: You should get an overview of "
+      "this situation using the p-x or T-x diagram.";
+  EXPECT_EQ(e.ui.Last().text.substr(0, words.size()), words);
   EXPECT_EQ(e.ui.Last().icon, MsgIcon::Stop);
   EXPECT_FALSE(out.Geloest);
   EXPECT_EQ(out.lblErgebnis, "no solution possible");
@@ -106,6 +107,41 @@ TEST_F(CalcOut, OutsideTheRangeShowsTheThreeLinesAndNoSolution) {
   EXPECT_TRUE(e.f.IsLoaded(WindowId::frmCalcOut));
   out.cmdProtokoll(e.f);
   EXPECT_FALSE(e.s.ProtokollAktiv);
+}
+
+TEST_F(CalcOut, AboveTheDewPointTheStateIsToldAllVapour) {
+  // 101.325 kPa and 400 K: far above the dew point of ethanol/water (about 365 K for z = 0.5).
+  FlashPT(101.325, 400);
+  ASSERT_EQ(e.ui.boxes.size(), 1u);
+  const std::string& t = e.ui.Last().text;
+  EXPECT_EQ(t.find("With your T-p combination you\nare outside the PEQ range.\n"), 0u);
+  const std::size_t nl = t.rfind('\n');
+  ASSERT_NE(nl, std::string::npos);
+  const std::string line = t.substr(nl + 1);
+  EXPECT_EQ(line.find("The mixture is all vapour: at T/K = 400 its dew point lies at p/kPa = "), 0u) << line;
+  EXPECT_EQ(out.lblZustand, line);
+  EXPECT_EQ(out.lblErgebnis, "no solution possible");
+  // The dew pressure told is the one of the flash with eta(V) = 1 at 400 K, and lies above p.
+  const double pD = std::stod(line.substr(line.find("p/kPa = ") + 8));
+  EXPECT_GT(pD, 101.325);
+}
+
+TEST_F(CalcOut, BelowTheBubblePointTheStateIsToldAllLiquid) {
+  FlashPT(101.325, 330);
+  ASSERT_EQ(e.ui.boxes.size(), 1u);
+  EXPECT_NE(out.lblZustand.find("The mixture is all liquid: at T/K = 330 its bubble point lies at p/kPa = "),
+            std::string::npos)
+      << out.lblZustand;
+  EXPECT_EQ(e.ui.Last().text.substr(e.ui.Last().text.rfind('\n') + 1), out.lblZustand);
+}
+
+TEST_F(CalcOut, ARecordedResultIsConfirmedInTheStatusLine) {
+  FlashPT(101.325, 355.15);
+  ASSERT_TRUE(out.Geloest);
+  e.ui.statusLines.clear();
+  out.cmdProtokoll(e.f);
+  ASSERT_EQ(e.ui.statusLines.size(), 1u);
+  EXPECT_EQ(e.ui.statusLines[0], "Result recorded in " + e.s.ProtokollDatei);
 }
 
 TEST_F(CalcOut, PAndEtaGiven) {

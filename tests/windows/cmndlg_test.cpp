@@ -189,3 +189,55 @@ TEST(MusterPasst, StarAndQuestionMarkInAnyCase) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST_F(CmnDlg, TheUpperCasedNameFindsAFileOfAnotherCase) {
+  Project("acetone-ethanol.pqc", {"67-64-1", "64-17-5"}, "c");
+  // The dialog opens with the last project's name upper-cased; this file system tells the
+  // cases apart, and the file is found all the same.
+  w().Load(e.f, "Open", e.dir.path(), "acetone-ethanol.pqc", "*.PQC", "Load a project");
+  EXPECT_EQ(w().txtOpenFile, "ACETONE-ETHANOL.PQC");
+  e.ui.boxes.clear();
+  EXPECT_TRUE(w().cmdOpenOK(e.f));
+  EXPECT_TRUE(e.ui.boxes.empty());
+  EXPECT_FALSE(w().Abbruch);
+  EXPECT_EQ(w().ErgebnisDatei, "acetone-ethanol.pqc");
+}
+
+TEST_F(CmnDlg, ADirectoryChangeUpdatesTheNameBox) {
+  Project("EW.PQC", {"64-17-5", "7732-18-5"}, "c");
+  fs::create_directory(e.dir.File("sub"));
+  w().Load(e.f, "Open", e.dir.path(), "EW.PQC", "*.PQC", "t");
+  int sub = -1;
+  for (std::size_t k = 0; k < w().dirOpenList.size(); ++k)
+    if (w().dirOpenList[k] == "sub") sub = static_cast<int>(k);
+  ASSERT_GE(sub, 0);
+  w().dirOpenList_Click(e.f, sub);
+  // EW.PQC does not stand in the new directory: the box shows the pattern, and OK gives no
+  // "File not found".
+  EXPECT_EQ(w().txtOpenFile, "*.PQC");
+  e.ui.boxes.clear();
+  EXPECT_FALSE(w().cmdOpenOK(e.f));
+  EXPECT_TRUE(e.ui.boxes.empty());
+  // Back up: the name is kept where the file stands.
+  w().txtOpenFile_Change("EW.PQC");
+  w().cmdReturn(e.f);
+  EXPECT_EQ(w().txtOpenFile, "EW.PQC");
+}
+
+TEST_F(CmnDlg, TheCommentEditedInThePreviewSurvivesTheLoad) {
+  Project("EW.PQC", {"64-17-5", "7732-18-5"}, "as saved");
+  e.s.PfadProjekt = e.dir.path() + "/";
+  e.ui.modalHandlers[peq::WindowId::frmCmnDlg] = [this] {
+    w().filOpenList_Click(e.f, Index("EW.PQC"));
+    EXPECT_EQ(w().txtKommentar, "as saved");
+    w().txtKommentar_Change(e.f, "edited in the preview");
+    return w().cmdOpenOK(e.f);
+  };
+  e.f.mnuLoadProject_Click();
+  EXPECT_EQ(e.s.NKomp, 2);
+  EXPECT_EQ(e.s.ProjektKommentar, "edited in the preview");
+}
+
+}  // namespace

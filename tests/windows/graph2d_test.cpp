@@ -313,3 +313,87 @@ TEST(Graph2D, DrawingAPxSetOf600PointsIsQuick) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST(Graph2DUser, TheExchangeReordersThePureSubstanceStatus) {
+  Graph2DEnv e;
+  e.Oeffne(1, 343.15, 101.325);
+  const std::string vorher = e.g.Kommentar;
+  ASSERT_EQ(vorher.rfind("pure-substance vapour pressures at ", 0), 0u) << vorher;
+  ASSERT_LT(vorher.find("p0,1/kPa"), vorher.find("p0,2/kPa"));
+  e.g.cmdTausch_Click(e.f);
+  const std::string nachher = e.g.Kommentar;
+  ASSERT_NE(nachher.find("p0,1/kPa"), std::string::npos);
+  EXPECT_LT(nachher.find("p0,2/kPa"), nachher.find("p0,1/kPa")) << nachher;
+  // The same numbers, in the new order.
+  const std::string p01 = vorher.substr(vorher.find("p0,1/kPa"), vorher.find("p0,2") - vorher.find("p0,1/kPa"));
+  EXPECT_NE(nachher.find(peq::Trim(p01)), std::string::npos);
+}
+
+TEST(Graph2DUser, TheSubtitleNamesTheComponentOfTheAbscissa) {
+  Graph2DEnv e;
+  e.Oeffne(1, 343.15, 101.325);
+  EXPECT_EQ(e.g.Untertitel, "x: " + peq::Trim(e.s.StoffData[2].Name));
+  e.g.cmdTausch_Click(e.f);
+  EXPECT_EQ(e.g.Untertitel, "x: " + peq::Trim(e.s.StoffData[1].Name));
+  // The vapour-pressure diagram has T on its abscissa: no subtitle.
+  e.Oeffne(7, 343.15, 101.325, false);
+  EXPECT_EQ(e.g.Untertitel, "");
+}
+
+TEST(Graph2DUser, OneCurveAndOnePointAreDeletedFromTheMenu) {
+  Graph2DEnv e;
+  e.Oeffne(1, 343.15, 101.325);
+  const auto liste = e.g.KurvenListe();
+  ASSERT_EQ(liste.size(), 2u);
+  EXPECT_EQ(liste[0].first, 1);
+  EXPECT_EQ(liste[0].second, "1: 343.15 K  LV");
+  e.g.mnuSubDelKurv_Click(e.f, 1);
+  EXPECT_EQ(e.g.Doc.AnzKurven, 1);
+  EXPECT_TRUE(e.g.Doc.KurveFrei[1]);
+  ASSERT_EQ(e.g.KurvenListe().size(), 1u);
+  // A click marks a point; the delete asks " Really delete?" and hides it on Yes.
+  EXPECT_FALSE(e.g.mnuDelPoint_Click(e.f));  // nothing marked yet
+  e.g.Chart_Click(e.f, 2, 5);
+  EXPECT_EQ(e.g.MarkSerie, 2);
+  e.ui.boxes.clear();
+  e.ui.answers.push_back(Answer::No);
+  EXPECT_FALSE(e.g.mnuDelPoint_Click(e.f));
+  EXPECT_FALSE(IstLoch(e.g.Doc.Serien[2].x[4]));
+  e.ui.answers.push_back(Answer::Yes);
+  EXPECT_TRUE(e.g.mnuDelPoint_Click(e.f));
+  ASSERT_EQ(e.ui.boxes.size(), 2u);
+  EXPECT_EQ(e.ui.Last().title, "Delete a Curve Point");
+  EXPECT_EQ(e.ui.Last().text, " Really delete?");
+  EXPECT_TRUE(IstLoch(e.g.Doc.Serien[2].x[4]) || IstLoch(e.g.Doc.Serien[2].y[4]));
+}
+
+TEST(Graph2DUser, ClosingADiagramWithCurvesAsksFirst) {
+  Graph2DEnv e;
+  e.Oeffne(1, 343.15, 101.325, false);
+  e.ui.boxes.clear();
+  EXPECT_TRUE(e.g.SchliessenErlaubt(e.f));  // no curves: no question
+  EXPECT_TRUE(e.ui.boxes.empty());
+  e.g.cmdDraw_Click(e.f);
+  e.ui.boxes.clear();
+  e.ui.answers.push_back(Answer::No);
+  EXPECT_FALSE(e.g.SchliessenErlaubt(e.f));
+  ASSERT_EQ(e.ui.boxes.size(), 1u);
+  EXPECT_EQ(e.ui.Last().title, kSchliessenTitel);
+  e.ui.answers.push_back(Answer::Yes);
+  EXPECT_TRUE(e.g.SchliessenErlaubt(e.f));
+}
+
+TEST(Graph2DUser, TheImageFileIsNamedAfterTheDiagramInLowerCase) {
+  Graph2DEnv e;
+  e.Oeffne(1, 343.15, 101.325, false);
+  const std::string n = e.g.BildDateiName();
+  ASSERT_GT(n.size(), 4u);
+  EXPECT_EQ(n.substr(n.size() - 4), ".png");
+  EXPECT_EQ(n.find('*'), std::string::npos);
+  EXPECT_EQ(n.find(' '), std::string::npos);
+  EXPECT_NE(n, "diagram.png");
+}
+
+}  // namespace

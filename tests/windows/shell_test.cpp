@@ -877,3 +877,33 @@ TEST(GroupTables, AMissingParameterFileIsReported) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST(FrameTitle, TheProjectIsNamedAndMarkedUntilSaved) {
+  peqtest::FrameEnv e;
+  e.Start();
+  e.OpenBank();
+  e.Mixture({"64-17-5", "7732-18-5"});
+  e.f.VModell.cmdOKModell(e.f);
+  // A new mixture not yet saved: marked.
+  EXPECT_NE(e.f.Title().find(" *"), std::string::npos) << e.f.Title();
+  peq::FileDialogResult r;
+  r.cancelled = false;
+  r.fileName = e.dir.File("mine.PQC");
+  r.fileTitle = "mine.PQC";
+  e.ui.files.push_back(r);
+  e.ui.inputs.push_back(std::string("c"));
+  e.ui.statusLines.clear();
+  e.f.mnuSaveProject_Click();
+  const std::string t = e.f.Title();
+  EXPECT_NE(t.find("PEQ - Phase Equilibria - mine.PQC"), std::string::npos) << t;
+  EXPECT_EQ(t.find(" *"), std::string::npos) << t;
+  ASSERT_EQ(e.ui.statusLines.size(), 1u);
+  EXPECT_EQ(e.ui.statusLines[0], "Project saved: " + e.dir.File("mine.PQC"));
+  // A change of what the project holds marks it again.
+  e.s.TIso = 333.15;
+  EXPECT_NE(e.f.Title().find("mine.PQC *"), std::string::npos) << e.f.Title();
+}
+
+}  // namespace

@@ -58,6 +58,19 @@ TEST_F(Stoffwahl, MoveRightTakesTheEntryAndCutsTheLeftOne) {
   EXPECT_TRUE(w().AuswahlGeaendert);
 }
 
+TEST_F(Stoffwahl, AfterAMoveTheNameBoxShowsTheMarkedEntry) {
+  const int p = PlaceOf("67-64-1");  // acetone
+  w().StoffListe_Click(e.f, p - 1);
+  EXPECT_EQ(w().NameCombo, "Acetone");
+  w().cmdRightOne(e.f);
+  // Mark, number, CAS-RN and name box all tell the next entry.
+  ASSERT_EQ(w().StoffListeIndex, p);
+  const std::size_t next = static_cast<std::size_t>(p + 1);
+  EXPECT_EQ(w().NameCombo, peq::Trim(e.s.BankName[next]));
+  EXPECT_EQ(w().Text1, std::to_string(e.s.BankNr[next]));
+  EXPECT_EQ(w().lblCAS, " CAS-RN: " + peq::Trim(e.s.BankCAS[next]));
+}
+
 TEST_F(Stoffwahl, NothingMarkedMovesNothing) {
   w().StoffListeIndex = -1;
   w().cmdRightOne(e.f);
