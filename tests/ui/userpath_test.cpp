@@ -460,8 +460,9 @@ TEST_F(UserPath, EscapeOnADiagramWithCurvesAsksFirst) {
     if (b.title == QString::fromLatin1(peq::kSchliessenTitel)) ++asked;
   EXPECT_EQ(asked, 1);
   // The answer decides: the diagram with its curves stays, or goes.
-  if (win->WindowOf(WindowId::frmGraph2D))
+  if (win->WindowOf(WindowId::frmGraph2D)) {
     EXPECT_EQ(F().Graph2D.Doc.AnzKurven, 2);
+  }
   // Without curves it closes without a question.
   if (auto* w2 = Window<pequi::Graph2DWindow>(WindowId::frmGraph2D)) {
     F().Graph2D.cmdDelKurv_Click(F());
