@@ -55,7 +55,9 @@ constexpr double kNearCritical = 2.0;
 constexpr double kTpdUnstable = 1e-4;
 constexpr int kRoundsTpd = 300;
 constexpr double kTolTpd = 1e-6;      // on the largest change of ln W in a round
-constexpr double kTrivialTpd = 1e-6;  // sum of (w(i) - x(i))^2: the trial has fallen back on x
+// A trial within 1E-3 of x has fallen back on it: a stationary point that close lies far less
+// than kTpdUnstable below the tangent plane.
+constexpr double kTrivialTpd = 1e-6;  // on the sum of (w(i) - x(i))^2
 // The bubble temperature below an unstable answer: steps down by kStepBelow of T, at most
 // kStepsBelow of them, then halving of the bracket to kBracketBelow of T.
 constexpr double kStepBelow = 0.02;
@@ -186,15 +188,14 @@ void LnPhiStableRoot(Session& s, double T, double p, const Vec<double>& z, EOSMi
 // Tangent-plane test of the liquid x at T, p (phi-phi): with d(i) = ln x(i) + ln phi(i)(x), the
 // trial phase W goes by successive substitution, W(i) = exp(d(i) - ln phi(i)(w)), w = W/sum W,
 // which lowers tm = 1 + sum W(i) (ln W(i) + ln phi(i)(w) - d(i) - 1) each round; tm < 0 shows a
-// phase of lower Gibbs energy, so that x is not stable. Two trials: a vapour-like one, the
-// vapour of the answer when vapour is given (at a real bubble point it is the stationary point
-// already, so that it ends after a round or two) or else x(i) K(i) with Wilson's K, and the
-// liquid-like x(i)/K(i). Both phases take the root of the lower Gibbs energy. With untilUnstable
-// a trial stops as soon as tm falls below -kTpdUnstable. Returns the lowest tm (0 when every
-// trial fell back on x); that trial's w in EOSScratch.PhiV.
+// phase of lower Gibbs energy, so that x is not stable. Two trials from Wilson's K, the
+// vapour-like x(i) K(i) first, then the liquid-like x(i)/K(i). (The answer's own vapour is no
+// good trial: on the near-trivial answers it lies within the tolerance of x, and the vapour that
+// shows the liquid unstable lies elsewhere.) Both phases take the root of the lower Gibbs
+// energy. With untilUnstable a trial stops as soon as tm falls below -kTpdUnstable. Returns the
+// lowest tm (0 when every trial fell back on x); that trial's w in EOSScratch.PhiV.
 // Work arrays: the kernel's dew scratch (unused in the phi-phi concept) and the EOS scratch.
-double LiquidTpd(Session& s, double T, double p, const Vec<double>& x, bool untilUnstable,
-                 const Vec<double>* vapour = nullptr) {
+double LiquidTpd(Session& s, double T, double p, const Vec<double>& x, bool untilUnstable) {
   const int n = s.NKomp;
   Vec<double>& xf = s.KernScratch.One;
   Vec<double>& d = s.KernScratch.K2;
@@ -209,8 +210,7 @@ double LiquidTpd(Session& s, double T, double p, const Vec<double>& x, bool unti
   for (int i = 1; i <= n; ++i) d[i] = chk::Ln(xf[i]) + lnPhi[i];
   double tmMin = 0;
   for (const double dir : {1.0, -1.0}) {
-    for (int i = 1; i <= n; ++i)
-      W[i] = (vapour && dir > 0.0) ? std::max((*vapour)[i], 1e-15) : xf[i] * std::pow(WilsonK(s, i, T, p), dir);
+    for (int i = 1; i <= n; ++i) W[i] = xf[i] * std::pow(WilsonK(s, i, T, p), dir);
     double tm = 0;
     bool trivial = false;
     for (int round = 1; round <= kRoundsTpd; ++round) {
@@ -245,13 +245,12 @@ double LiquidTpd(Session& s, double T, double p, const Vec<double>& x, bool unti
   return tmMin;
 }
 
-// The liquid x of a phi-phi bubble temperature, with its vapour in YGas, is not shown unstable at
-// T, p. Answers outside the critical region pass untested unless always; a test that faults
+// The liquid x of a phi-phi bubble temperature is not shown unstable at T, p. Answers outside the critical region pass untested unless always; a test that faults
 // shows nothing.
 bool LiquidStable(Session& s, double p, const Vec<double>& x, double T, double vL, double vV, bool always) {
   if (!s.Konzept || PureLiquid(s, x) || (!always && !(vV < kNearCritical * vL))) return true;
   try {
-    return LiquidTpd(s, T, p, x, true, &s.YGas) >= -kTpdUnstable;
+    return LiquidTpd(s, T, p, x, true) >= -kTpdUnstable;
   } catch (const NumericFault&) {
     return true;
   }

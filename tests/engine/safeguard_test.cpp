@@ -102,6 +102,33 @@ TEST(Safeguard, MethaneEthaneBubbleTemperatureOnIsTheBubblePointBelow) {
   EXPECT_REL(walk, 6000.0, 1e-6);
 }
 
+TEST(Safeguard, MethaneEthaneBubbleTemperaturesNearTheCriticalLocusAreBubblePoints) {
+  // Cold starts at 6000 and 6500 kPa where the plain iteration stops on two near-critical phases
+  // (volumes 2 to 12 % apart) above the bubble point; checked by the plain bubble pressure at the
+  // T found, started near p with the vapour found.
+  struct Case {
+    double p, x1, plain;
+  };
+  for (const Case c : {Case{6000, 0.40, 267.667865}, Case{6000, 0.45, 261.118437}, Case{6000, 0.75, 224.990642},
+                       Case{6500, 0.50, 259.542033}, Case{6500, 0.60, 246.901326}, Case{6500, 0.75, 230.070939}}) {
+    const peq::Vec<double> x = Binary(c.x1, 1.0 - c.x1);
+    peq::Session off, on;
+    ASSERT_TRUE(MethaneEthane(off, false));
+    ASSERT_TRUE(MethaneEthane(on, true));
+    double vL = 0, vV = 0;
+    EXPECT_NEAR(ColdBubbleT(off, c.p, x, vL, vV), c.plain, 1e-5) << c.p << " " << c.x1;
+    const double T = ColdBubbleT(on, c.p, x, vL, vV);
+    ASSERT_GT(T, 0) << c.p << " " << c.x1;
+    EXPECT_LT(T, c.plain - 1.0) << c.p << " " << c.x1;
+    EXPECT_EQ(on.Retried, -1);
+    EXPECT_GT(vV, 1.3 * vL) << c.p << " " << c.x1;
+    peq::Vec<double> y = on.YGas;
+    peq::Session chk;
+    ASSERT_TRUE(MethaneEthane(chk, false));
+    EXPECT_REL(WarmBubbleP(chk, T, x, 0.995 * c.p, y), c.p, 1e-5) << c.p << " " << c.x1;
+  }
+}
+
 TEST(Safeguard, ANearCriticalBubbleTemperatureFoundFirstTimeIsThePlainOne) {
   // Started close to the real bubble point with its vapour, the plain iteration converges; the
   // stability test of the critical region accepts it as it stands.
