@@ -138,7 +138,6 @@ bool BubbleTReal(const Session& s, double T, double vL, double vV) {
   return T > 0.0 && (!s.Konzept || !SameVolumes(vL, vV));
 }
 
-
 // The flash state in XLiq and YGas at T, p is a real two-phase answer: both compositions are
 // mole fractions, and the phases differ in composition or (phi-phi) in density. With equal
 // compositions the cubic of that composition decides: one real root, or a liquid and a vapour
@@ -245,8 +244,8 @@ double LiquidTpd(Session& s, double T, double p, const Vec<double>& x, bool unti
   return tmMin;
 }
 
-// The liquid x of a phi-phi bubble temperature is not shown unstable at T, p. Answers outside the critical region pass untested unless always; a test that faults
-// shows nothing.
+// The liquid x of a phi-phi bubble temperature is not shown unstable at T, p. Answers outside the
+// critical region pass untested unless always; a test that faults shows nothing.
 bool LiquidStable(Session& s, double p, const Vec<double>& x, double T, double vL, double vV, bool always) {
   if (!s.Konzept || PureLiquid(s, x) || (!always && !(vV < kNearCritical * vL))) return true;
   try {
