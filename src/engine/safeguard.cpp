@@ -13,6 +13,7 @@
 #include "engine/flash_phases.h"
 #include "engine/kernel.h"
 #include "models/eos_mix.h"
+#include "models/eos_phi.h"
 #include "models/eos_solve.h"
 #include "models/pureprops.h"
 #include "session/numeric.h"
@@ -43,6 +44,25 @@ constexpr int kMarchSteps = 60;
 constexpr std::uintmax_t kRootIter = 100;
 constexpr int kRootBits = 44;       // relative width of the final bracket, about 6E-14
 constexpr double kEtaMatch = 1e-6;  // the vapour fraction of the final flash against the one asked for
+
+// The stability test of a phi-phi bubble temperature. It runs on answers whose vapour volume is
+// below kNearCritical times the liquid's (the critical region, where the secant can stop on two
+// supercritical phases of equal fugacities that are no bubble point); a point far from it costs a
+// comparison. The liquid is unstable when a trial phase reaches a tangent-plane distance below
+// -kTpdUnstable: a converged bubble point has |ln sum y| below 2E-6, so its liquid stays well
+// above that (its incipient vapour lies on the tangent plane).
+constexpr double kNearCritical = 2.0;
+constexpr double kTpdUnstable = 1e-4;
+constexpr int kRoundsTpd = 300;
+constexpr double kTolTpd = 1e-6;      // on the largest change of ln W in a round
+// A trial within 1E-3 of x has fallen back on it: a stationary point that close lies far less
+// than kTpdUnstable below the tangent plane.
+constexpr double kTrivialTpd = 1e-6;  // on the sum of (w(i) - x(i))^2
+// The bubble temperature below an unstable answer: steps down by kStepBelow of T, at most
+// kStepsBelow of them, then halving of the bracket to kBracketBelow of T.
+constexpr double kStepBelow = 0.02;
+constexpr int kStepsBelow = 30;
+constexpr double kBracketBelow = 2e-3;
 
 using boost::math::tools::eps_tolerance;
 using boost::math::tools::toms748_solve;
@@ -144,6 +164,100 @@ bool FlashReal(Session& s, double T, double p) {
   } catch (const NumericFault&) {
     return false;
   }
+}
+
+// ------------------------------------------------------------------------- stability
+
+// ln phi(i) of the composition z at T, p into lnPhi, on the root of the lower Gibbs energy when
+// the cubic has three (the mixture tables of T must stand). Parameters in m.
+void LnPhiStableRoot(Session& s, double T, double p, const Vec<double>& z, EOSMixPar& m, Vec<double>& lnPhi) {
+  EOSMixAtX(s, 0, z, T, s.EOSModel, s.MixRule, s.GEModelEOS, m);
+  EOSRoots r{};
+  int16_t nr = 0, err = 0;
+  EOSSolve(T, p, 0.0, m.a, m.b, m.c, m.d, r, nr, err);
+  if (err != 0) throw NumericFault("no root of the cubic");
+  double v = LiquidRoot(r);
+  if (nr == 3 && EOSLnPhiMix(T, p, r[3], s.EOSModel, m.a, m.b, m.c, m.d) <
+                     EOSLnPhiMix(T, p, v, s.EOSModel, m.a, m.b, m.c, m.d))
+    v = r[3];
+  for (int i = 1; i <= s.NKomp; ++i)
+    lnPhi[i] = chk::Ln(EOSLnPhi(T, p, v, s.EOSModel, m.a, m.b, m.c, m.d, m.da[i], m.db[i], m.dc[i], m.dd[i]));
+}
+
+// Tangent-plane test of the liquid x at T, p (phi-phi): with d(i) = ln x(i) + ln phi(i)(x), the
+// trial phase W goes by successive substitution, W(i) = exp(d(i) - ln phi(i)(w)), w = W/sum W,
+// which lowers tm = 1 + sum W(i) (ln W(i) + ln phi(i)(w) - d(i) - 1) each round; tm < 0 shows a
+// phase of lower Gibbs energy, so that x is not stable. Two trials from Wilson's K, the
+// vapour-like x(i) K(i) first, then the liquid-like x(i)/K(i). (The answer's own vapour is no
+// good trial: on the near-trivial answers it lies within the tolerance of x, and the vapour that
+// shows the liquid unstable lies elsewhere.) Both phases take the root of the lower Gibbs
+// energy. With untilUnstable a trial stops as soon as tm falls below -kTpdUnstable. Returns the
+// lowest tm (0 when every trial fell back on x); that trial's w in EOSScratch.PhiV.
+// Work arrays: the kernel's dew scratch (unused in the phi-phi concept) and the EOS scratch.
+double LiquidTpd(Session& s, double T, double p, const Vec<double>& x, bool untilUnstable) {
+  const int n = s.NKomp;
+  Vec<double>& xf = s.KernScratch.One;
+  Vec<double>& d = s.KernScratch.K2;
+  Vec<double>& W = s.KernScratch.X;
+  Vec<double>& w = s.KernScratch.Y;
+  Vec<double>& lnPhi = s.EOSScratch.PhiL;
+  Vec<double>& best = s.EOSScratch.PhiV;
+  EOSMixPar& m = s.EOSScratch.Liq;
+  EOSMixAtT(s, T, s.EOSModel, s.MixRule, s.GEModelEOS, false);
+  for (int i = 1; i <= n; ++i) xf[i] = x[i] < 1e-15 ? 1e-15 : x[i];
+  LnPhiStableRoot(s, T, p, xf, m, lnPhi);
+  for (int i = 1; i <= n; ++i) d[i] = chk::Ln(xf[i]) + lnPhi[i];
+  double tmMin = 0;
+  for (const double dir : {1.0, -1.0}) {
+    for (int i = 1; i <= n; ++i) W[i] = xf[i] * std::pow(WilsonK(s, i, T, p), dir);
+    double tm = 0;
+    bool trivial = false;
+    for (int round = 1; round <= kRoundsTpd; ++round) {
+      double S = 0;
+      for (int i = 1; i <= n; ++i) S += W[i];
+      double dist = 0;
+      for (int i = 1; i <= n; ++i) {
+        w[i] = chk::Div(W[i], S);
+        dist += (w[i] - xf[i]) * (w[i] - xf[i]);
+      }
+      if (dist < kTrivialTpd) {
+        trivial = true;
+        break;
+      }
+      LnPhiStableRoot(s, T, p, w, m, lnPhi);
+      tm = 1.0;
+      double change = 0;
+      for (int i = 1; i <= n; ++i) {
+        tm += W[i] * (chk::Ln(W[i]) + lnPhi[i] - d[i] - 1.0);
+        const double lnW = d[i] - lnPhi[i];
+        change = std::max(change, std::fabs(lnW - chk::Ln(W[i])));
+        W[i] = chk::Exp(lnW);
+      }
+      if (change < kTolTpd || (untilUnstable && tm < -kTpdUnstable)) break;
+    }
+    if (!trivial && tm < tmMin) {
+      tmMin = tm;
+      for (int i = 1; i <= n; ++i) best[i] = w[i];
+    }
+    if (untilUnstable && tmMin < -kTpdUnstable) break;
+  }
+  return tmMin;
+}
+
+// The liquid x of a phi-phi bubble temperature is not shown unstable at T, p. Answers outside the
+// critical region pass untested unless always; a test that faults shows nothing.
+bool LiquidStable(Session& s, double p, const Vec<double>& x, double T, double vL, double vV, bool always) {
+  if (!s.Konzept || PureLiquid(s, x) || (!always && !(vV < kNearCritical * vL))) return true;
+  try {
+    return LiquidTpd(s, T, p, x, true) >= -kTpdUnstable;
+  } catch (const NumericFault&) {
+    return true;
+  }
+}
+
+// The same, and the liquid is not shown unstable (tested in the critical region, or always).
+bool BubbleTStable(Session& s, double p, const Vec<double>& x, double T, double vL, double vV, bool always) {
+  return BubbleTReal(s, T, vL, vV) && LiquidStable(s, p, x, T, vL, vV, always);
 }
 
 // ------------------------------------------------------------------------- Wilson starts
@@ -254,7 +368,8 @@ double BubbleTRetry(Session& s, double p, const Vec<double>& x, int16_t& Warn, V
     double vL2 = 0, vV2 = 0;
     int16_t warn2 = 0;
     const double T = CalcBubbleT(s, p, x, Tw, s.SafeWork.Y, warn2, K, vL2, vV2);
-    if (!BubbleTReal(s, T, vL2, vV2) || !SumNearOne(s, s.Konzept ? kSumBubbleTPhi : kSumBubbleTGamma)) return 0.0;
+    if (!BubbleTStable(s, p, x, T, vL2, vV2, true) || !SumNearOne(s, s.Konzept ? kSumBubbleTPhi : kSumBubbleTGamma))
+      return 0.0;
     vL = vL2;
     vV = vV2;
     Warn = warn2;
@@ -262,6 +377,59 @@ double BubbleTRetry(Session& s, double p, const Vec<double>& x, int16_t& Warn, V
   } catch (const NumericFault&) {
     return 0.0;
   }
+}
+
+// A phi-phi bubble temperature below T1, an answer on a liquid x that is not stable there (the
+// liquid grows more stable as T falls): T falls by kStepBelow of T a step until x is stable, and
+// the bracket between the last unstable and the first stable temperature is halved on the same
+// test down to kBracketBelow of T. The kernel's iteration then starts at the stable end, with the
+// trial phase of the unstable end (run to its stationary point: the incipient vapour) as the
+// vapour. Its answer is accepted as the other retries, and only on a stable liquid; else 0.
+double BubbleTBelow(Session& s, double p, const Vec<double>& x, double T1, int16_t& Warn, Vec<double>& K,
+                    double& vL, double& vV) {
+  const int n = s.NKomp;
+  if (!s.Konzept || n < 2 || !(p > 0.0) || !(T1 > 0.0) || PureLiquid(s, x)) return 0.0;
+  SizeWork(s);
+  try {
+    double Tu = T1, Ts = 0;
+    for (int k = 1; k <= kStepsBelow && !(Ts > 0.0); ++k) {
+      const double T = Tu * (1.0 - kStepBelow);
+      if (LiquidTpd(s, T, p, x, true) >= -kTpdUnstable)
+        Ts = T;
+      else
+        Tu = T;
+    }
+    if (!(Ts > 0.0)) return 0.0;
+    while (Tu - Ts > kBracketBelow * Ts) {
+      const double T = 0.5 * (Ts + Tu);
+      if (LiquidTpd(s, T, p, x, true) >= -kTpdUnstable)
+        Ts = T;
+      else
+        Tu = T;
+    }
+    if (!(LiquidTpd(s, Tu, p, x, false) < 0.0)) return 0.0;
+    Vec<double>& y = s.SafeWork.Y;
+    for (int i = 1; i <= n; ++i) y[i] = s.EOSScratch.PhiV[i];
+    double Tin = Ts, vL2 = 0, vV2 = 0;
+    int16_t warn2 = 0;
+    const double T = CalcBubbleT(s, p, x, Tin, y, warn2, K, vL2, vV2);
+    if (!BubbleTStable(s, p, x, T, vL2, vV2, true) || !SumNearOne(s, kSumBubbleTPhi)) return 0.0;
+    vL = vL2;
+    vV = vV2;
+    Warn = warn2;
+    return T;
+  } catch (const NumericFault&) {
+    return 0.0;
+  }
+}
+
+// The retries of a bubble temperature whose first answer Tb was none: from Wilson's start, and
+// when Tb was a two-phase answer on an unstable liquid (unstable), from below Tb.
+double BubbleTRetries(Session& s, double p, const Vec<double>& x, double Tb, bool unstable, int16_t& Warn,
+                      Vec<double>& K, double& vL, double& vV) {
+  const double T2 = BubbleTRetry(s, p, x, Warn, K, vL, vV);
+  if (T2 > 0.0 || !unstable) return T2;
+  return BubbleTBelow(s, p, x, Tb, Warn, K, vL, vV);
 }
 
 // Both attempts without keeping the arrays of the first (inside the retries of the flashes,
@@ -278,8 +446,8 @@ double BubbleTTwice(Session& s, double p, const Vec<double>& x, const Vec<double
   double Tin = 0;
   int16_t warn = 0;
   const double T = CalcBubbleT(s, p, x, Tin, yStart, warn, s.KWert, vL, vV);
-  if (BubbleTReal(s, T, vL, vV)) return T;
-  return BubbleTRetry(s, p, x, warn, s.KWert, vL, vV);
+  if (BubbleTStable(s, p, x, T, vL, vV, false)) return T;
+  return BubbleTRetries(s, p, x, T, BubbleTReal(s, T, vL, vV), warn, s.KWert, vL, vV);
 }
 
 // ------------------------------------------------------------------------- flashes
@@ -557,11 +725,13 @@ double SafeBubbleT(Session& s, double p, const Vec<double>& x, double& T, const 
                    Vec<double>& K, double& vL, double& vV) {
   s.Retried = 0;
   const double Tb = CalcBubbleT(s, p, x, T, yStart, Warn, K, vL, vV);
-  if (!s.Safeguard || BubbleTReal(s, Tb, vL, vV)) return Tb;
+  if (!s.Safeguard || BubbleTStable(s, p, x, Tb, vL, vV, false)) return Tb;
   if (PureLiquid(s, x)) return Tb;
+  // A two-phase answer that failed the stability test of its liquid.
+  const bool unstable = BubbleTReal(s, Tb, vL, vV);
   const double vL1 = vL, vV1 = vV;
   Save(s, &K, nullptr, nullptr);
-  const double T2 = BubbleTRetry(s, p, x, Warn, K, vL, vV);
+  const double T2 = BubbleTRetries(s, p, x, Tb, unstable, Warn, K, vL, vV);
   if (T2 > 0.0) {
     s.Retried = -1;
     return T2;

@@ -29,6 +29,18 @@
 // common composition and call the phases the same when it has one real root or two coinciding
 // ones. In the gamma-phi concept liquid and vapour come from different models and a bubble point
 // cannot be trivial; only the failure value is retried there.
+//
+// The stability test of a phi-phi bubble temperature. Near the critical region the secant on T
+// can stop where two supercritical phases of different composition have equal fugacities
+// although the liquid is not stable there (methane/ethane at 6000 kPa, x = 0.5: 263.74 K, while
+// the bubble point is 247.64 K). An answer whose vapour volume is below twice the liquid's
+// therefore passes only when the tangent-plane test (successive substitution from a vapour-like
+// and a liquid-like trial phase) finds no phase below the tangent plane of the liquid; answers
+// farther from the critical point are not tested. A rejected answer is retried from Wilson's
+// start as above and, failing that, from below it: T falls until the liquid is stable, the
+// bracket is narrowed on the same test, and the kernel's iteration starts at its stable end
+// with the incipient vapour of the unstable end. Every retried bubble temperature must pass the
+// test.
 #pragma once
 
 #include <cstdint>

@@ -84,6 +84,17 @@ TEST_F(PeqcalcSafeguard, MethaneEthaneBubbleTemperatureExactAsThePlainRoutine) {
   const auto off = Run(f, true, {"bubble-t", "6000", "0.5", "0.5"});
   ASSERT_EQ(off.code, 0) << off.err;
   EXPECT_REL(NumberOf(off.out, "T"), 263.7427663025889, 1e-9);
+  // Safeguarded: the bubble point below, the same number as the engine's routine.
+  const auto on = Run(f, false, {"bubble-t", "6000", "0.5", "0.5"});
+  ASSERT_EQ(on.code, 0) << on.err;
+  EXPECT_NEAR(NumberOf(on.out, "T"), 247.638, 1e-3);
+  EXPECT_EQ(NumberOf(on.out, "retried"), -1);
+  peq::Session s;
+  ASSERT_TRUE(sgtest::PR(s, sgtest::kMethane, sgtest::kEthane, true));
+  const peq::Vec<double> x = sgtest::Binary(0.5, 0.5), y0(3, 0.0);
+  double Tin = 0, vL = 0, vV = 0;
+  int16_t warn = 0;
+  EXPECT_EQ(NumberOf(on.out, "T"), peq::SafeBubbleT(s, 6000, x, Tin, y0, warn, s.KWert, vL, vV));
 }
 
 TEST_F(PeqcalcSafeguard, EthanolWaterAt30KIsNoAnswerUnlessExact) {

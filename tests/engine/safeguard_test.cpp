@@ -85,6 +85,72 @@ TEST(Safeguard, MethaneEthaneBubbleTemperatureOffAsThePlainRoutineGivesIt) {
   EXPECT_EQ(s.Retried, 0);
 }
 
+TEST(Safeguard, MethaneEthaneBubbleTemperatureOnIsTheBubblePointBelow) {
+  // The plain iteration stops at 263.74 K on a liquid that is not stable there (its tangent
+  // plane lies above a heavier phase); the real bubble point lies below, at about 247.64 K.
+  peq::Session s;
+  ASSERT_TRUE(MethaneEthane(s, true));
+  double vL = 0, vV = 0;
+  const double T = ColdBubbleT(s, 6000, Binary(0.5, 0.5), vL, vV);
+  EXPECT_NEAR(T, 247.638, 1e-3);
+  EXPECT_EQ(s.Retried, -1);
+  EXPECT_GT(vV, 1.02 * vL);
+  EXPECT_NEAR(s.YGas[1], 0.6957, 1e-3);
+  EXPECT_NEAR(s.YGas[1] + s.YGas[2], 1.0, 1e-5);
+  // Independent check: the p-x curve walk at that T gives 6000 kPa back at x2 = 0.5.
+  const double walk = sgtest::PxCurvePoint([](peq::Session& w) { return MethaneEthane(w, false); }, T, 0.5);
+  EXPECT_REL(walk, 6000.0, 1e-6);
+}
+
+TEST(Safeguard, MethaneEthaneBubbleTemperaturesNearTheCriticalLocusAreBubblePoints) {
+  // Cold starts at 6000 and 6500 kPa where the plain iteration stops on two near-critical phases
+  // (volumes 2 to 12 % apart) above the bubble point; checked by the plain bubble pressure at the
+  // T found, started near p with the vapour found.
+  struct Case {
+    double p, x1, plain;
+  };
+  for (const Case c : {Case{6000, 0.40, 267.667865}, Case{6000, 0.45, 261.118437}, Case{6000, 0.75, 224.990642},
+                       Case{6500, 0.50, 259.542033}, Case{6500, 0.60, 246.901326}, Case{6500, 0.75, 230.070939}}) {
+    const peq::Vec<double> x = Binary(c.x1, 1.0 - c.x1);
+    peq::Session off, on;
+    ASSERT_TRUE(MethaneEthane(off, false));
+    ASSERT_TRUE(MethaneEthane(on, true));
+    double vL = 0, vV = 0;
+    EXPECT_NEAR(ColdBubbleT(off, c.p, x, vL, vV), c.plain, 1e-5) << c.p << " " << c.x1;
+    const double T = ColdBubbleT(on, c.p, x, vL, vV);
+    ASSERT_GT(T, 0) << c.p << " " << c.x1;
+    EXPECT_LT(T, c.plain - 1.0) << c.p << " " << c.x1;
+    EXPECT_EQ(on.Retried, -1);
+    EXPECT_GT(vV, 1.3 * vL) << c.p << " " << c.x1;
+    peq::Vec<double> y = on.YGas;
+    peq::Session chk;
+    ASSERT_TRUE(MethaneEthane(chk, false));
+    EXPECT_REL(WarmBubbleP(chk, T, x, 0.995 * c.p, y), c.p, 1e-5) << c.p << " " << c.x1;
+  }
+}
+
+TEST(Safeguard, ANearCriticalBubbleTemperatureFoundFirstTimeIsThePlainOne) {
+  // Started close to the real bubble point with its vapour, the plain iteration converges; the
+  // stability test of the critical region accepts it as it stands.
+  peq::Session s, c;
+  ASSERT_TRUE(MethaneEthane(s, true));
+  ASSERT_TRUE(MethaneEthane(c, false));
+  const peq::Vec<double> x = Binary(0.55, 0.45), y = Binary(0.7, 0.3);
+  double T1 = 246.0, T2 = 246.0, vL = 0, vV = 0, vL2 = 0, vV2 = 0;
+  int16_t w1 = 0, w2 = 0;
+  const double Tc = peq::CalcBubbleT(c, 6500, x, T2, y, w2, c.KWert, vL2, vV2);
+  ASSERT_NEAR(Tc, 248.8608, 1e-3);
+  ASSERT_LT(vV2, 2 * vL2);  // inside the critical region, where the test runs
+  EXPECT_GT(vV2, 1.5 * vL2);
+  // Independent check: the p-x curve walk at that T gives 6500 kPa back at x2 = 0.45.
+  const double walk = sgtest::PxCurvePoint([](peq::Session& w) { return MethaneEthane(w, false); }, Tc, 0.45);
+  EXPECT_REL(walk, 6500.0, 1e-5);
+  EXPECT_EQ(peq::SafeBubbleT(s, 6500, x, T1, y, w1, s.KWert, vL, vV), Tc);
+  EXPECT_EQ(s.YGas, c.YGas);
+  EXPECT_EQ(vL, vL2);
+  EXPECT_EQ(s.Retried, 0);
+}
+
 // ---------------------------------------------------------------- ethanol/water bubble-p 30 K
 
 TEST(Safeguard, EthanolWaterBubblePressureAt30KOffIsTheCollapsedPoint) {
