@@ -21,7 +21,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size) {
   const std::string path = WriteInput("KIJ_PR.DAT", data, size);
 
   const std::vector<peq::KijEntry> entries = peq::ReadKijFile(path);
-  for (std::size_t e = 0; e < entries.size() && e < 64; ++e) {
+  for (std::size_t e = 0; e < entries.size() && e < 8; ++e) {
     Require(std::isfinite(entries[e].Kij), "a k(ij) value that is not finite");
     // The first entry of the same pair decides what the look-up returns.
     std::size_t first = e;

@@ -2,6 +2,7 @@
 // the examples: the files themselves and small cuts of them, which the fuzzer mutates faster.
 //   mkfuzzcorpus SOURCE_DIR
 // Re-running it reproduces the same files.
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -114,8 +115,16 @@ int main(int argc, char** argv) {
   for (const std::string& query : queries) WriteAll(out / "synonym" / ("q" + std::to_string(++q)), query + "\n" + head);
   WriteAll(out / "synonym" / "full", "Ethanol\n" + syn);
 
-  // Group parameter files.
-  WriteAll(out / "modunif" / "MODUNIF5PLUS.PAR", ReadAll(data / "MODUNIF5PLUS.PAR"));
-  WriteAll(out / "ounif" / "OUNIF6PLUS.PAR", ReadAll(data / "OUNIF6PLUS.PAR"));
+  // Group parameter files, whole and with only their first 30 pair lines.
+  for (const auto& [dir, file] : {std::pair<const char*, const char*>{"modunif", "MODUNIF5PLUS.PAR"},
+                                  std::pair<const char*, const char*>{"ounif", "OUNIF6PLUS.PAR"}}) {
+    const std::string t = ReadAll(data / file);
+    WriteAll(out / dir / file, t);
+    const std::size_t first = t.find('\n') + 1;
+    const int pairs = std::atoi(t.c_str());
+    const std::size_t pairsEnd = HeadLines(t, pairs + 1).size();
+    const std::string cut = "30\r\n" + HeadLines(t.substr(first), 30) + t.substr(pairsEnd);
+    WriteAll(out / dir / (std::string("cut-") + file), cut);
+  }
   return 0;
 }

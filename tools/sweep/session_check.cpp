@@ -83,10 +83,10 @@ bool ScanStoff(const Vec<StoffRecord>& v, std::string& where) {
 }
 
 bool ScanGEPar(const Session& s, std::string& where) {
-  const int n = s.NKomp;
-  for (int k = 0; k < kGEParDepth; ++k)
-    for (int i = 0; i <= n; ++i)
-      for (int j = 0; j <= n; ++j)
+  const std::size_t n = s.GEPar.size();
+  for (std::size_t k = 0; k < s.GEPar.depth(); ++k)
+    for (std::size_t i = 0; i < n; ++i)
+      for (std::size_t j = 0; j < n; ++j)
         if (!Finite(s.GEPar(k, i, j))) {
           where = "GEPar(" + std::to_string(k) + "," + std::to_string(i) + "," + std::to_string(j) + ")";
           return false;
