@@ -4,7 +4,9 @@
 // (liquid and vapour identical returned as a result), non-finite values (in a returned value or
 // in the session's result arrays) and the slowest call. Prints the table in Markdown.
 //
-//   peqsweep [--states N] [--seed S] [--first K] [--max-call-ms MS] [--hang-s S] [--verbose]
+//   peqsweep [--states N] [--seed S] [--first K] [--max-call-ms MS] [--hang-s S]
+//            [--report-every N] [--verbose]
+// --report-every N prints the table of the states so far after every N states.
 //
 // Exit code 0; 1 when a non-finite value appeared or (with --max-call-ms) a call took longer;
 // 3 when a call hung past --hang-s (default 60 s); 64 bad usage. A crash or a sanitizer report
@@ -451,6 +453,27 @@ void RunState(Sweep& sw, const Case& c, Draw& d) {
   });
 }
 
+// The table of the states run so far; sums up the non-finite values and the slowest call.
+void PrintTable(const Sweep& sw, std::int64_t states, std::uint64_t seed, std::int64_t first, std::size_t cases,
+                double total, std::int64_t& nonFinite, double& slowest) {
+  nonFinite = 0;
+  slowest = 0;
+  std::printf("| routine | calls | successes | failure values | trivial answers | NaN/inf | slowest call (ms) | its state |\n");
+  std::printf("|---|---:|---:|---:|---:|---:|---:|---:|\n");
+  for (const Row& r : sw.rows) {
+    std::printf("| %s | %lld | %lld | %lld | %lld | %lld | %.3f | %lld |\n", r.name, static_cast<long long>(r.calls),
+                static_cast<long long>(r.ok), static_cast<long long>(r.fail), static_cast<long long>(r.trivial),
+                static_cast<long long>(r.nonFinite), r.slowest * 1000, static_cast<long long>(r.slowestState));
+    nonFinite += r.nonFinite;
+    slowest = std::max(slowest, r.slowest);
+  }
+  std::printf("\n%lld states (seed %llu, from %lld), %zu model combinations, %.1f s; crashes 0, hangs 0, "
+              "non-finite %lld, slowest call %.3f ms\n",
+              static_cast<long long>(states), static_cast<unsigned long long>(seed), static_cast<long long>(first),
+              cases, total, static_cast<long long>(nonFinite), slowest * 1000);
+  std::fflush(stdout);
+}
+
 std::string ProgramDir(const char* argv0) {
   std::error_code ec;
   fs::path p = fs::read_symlink("/proc/self/exe", ec);
@@ -462,7 +485,7 @@ std::string ProgramDir(const char* argv0) {
 
 int Usage() {
   std::cerr << "usage: peqsweep [--states N] [--seed S] [--first K] [--max-call-ms MS] [--hang-s S] "
-               "[--examples DIR] [--verbose]\n";
+               "[--report-every N] [--examples DIR] [--verbose]\n";
   return 64;
 }
 
@@ -472,6 +495,7 @@ int main(int argc, char** argv) {
   std::int64_t states = 10000, first = 0;
   std::uint64_t seed = 1;
   double maxCallMs = 0;
+  std::int64_t reportEvery = 0;
   Sweep sw;
   std::string examples = PEQ_EXAMPLES_DIR;
   for (int a = 1; a < argc; ++a) {
@@ -489,6 +513,8 @@ int main(int argc, char** argv) {
       sw.hangSeconds = std::atoi(argv[++a]);
     else if (w == "--examples" && more)
       examples = argv[++a];
+    else if (w == "--report-every" && more)
+      reportEvery = std::atoll(argv[++a]);
     else if (w == "--verbose")
       sw.verbose = true;
     else
@@ -553,24 +579,19 @@ int main(int argc, char** argv) {
     gCase = c.label.c_str();
     if (sw.verbose) std::cerr << "state " << k << ": " << c.label << "\n";
     RunState(sw, c, d);
+    if (reportEvery > 0 && (k - first + 1) % reportEvery == 0 && k + 1 < first + states) {
+      std::int64_t nf = 0;
+      double sl = 0;
+      const double sofar = std::chrono::duration<double>(std::chrono::steady_clock::now() - t0).count();
+      std::printf("\n-- after %lld states --\n", static_cast<long long>(k - first + 1));
+      PrintTable(sw, k - first + 1, seed, first, cases.size(), sofar, nf, sl);
+    }
   }
   const double total = std::chrono::duration<double>(std::chrono::steady_clock::now() - t0).count();
 
   std::int64_t nonFinite = 0;
   double slowest = 0;
-  std::printf("| routine | calls | successes | failure values | trivial answers | NaN/inf | slowest call (ms) | its state |\n");
-  std::printf("|---|---:|---:|---:|---:|---:|---:|---:|\n");
-  for (const Row& r : sw.rows) {
-    std::printf("| %s | %lld | %lld | %lld | %lld | %lld | %.3f | %lld |\n", r.name, static_cast<long long>(r.calls),
-                static_cast<long long>(r.ok), static_cast<long long>(r.fail), static_cast<long long>(r.trivial),
-                static_cast<long long>(r.nonFinite), r.slowest * 1000, static_cast<long long>(r.slowestState));
-    nonFinite += r.nonFinite;
-    slowest = std::max(slowest, r.slowest);
-  }
-  std::printf("\n%lld states (seed %llu, from %lld), %zu model combinations, %.1f s; crashes 0, hangs 0, "
-              "non-finite %lld, slowest call %.3f ms\n",
-              static_cast<long long>(states), static_cast<unsigned long long>(seed), static_cast<long long>(first),
-              cases.size(), total, static_cast<long long>(nonFinite), slowest * 1000);
+  PrintTable(sw, states, seed, first, cases.size(), total, nonFinite, slowest);
   std::fflush(stdout);
   int rc = 0;
   if (nonFinite > 0) rc = 1;
