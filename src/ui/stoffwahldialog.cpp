@@ -180,6 +180,12 @@ StoffwahlDialog::StoffwahlDialog(peq::mdiPEQ& f, QWidget* parent) : StateDialog(
   Render();
 }
 
+// The boxes still signal while the base class deletes them (the combo box clears its text):
+// those signals must not reach this window, which is no longer whole by then.
+StoffwahlDialog::~StoffwahlDialog() {
+  for (QObject* child : findChildren<QObject*>()) child->disconnect(this);
+}
+
 void StoffwahlDialog::Render() {
   const peq::frmStoffwahl& s = f_.Stoffwahl;
   setWindowTitle(Q(s.Caption));

@@ -17,6 +17,7 @@ class StoffwahlDialog : public StateDialog {
   Q_OBJECT
  public:
   StoffwahlDialog(peq::mdiPEQ& f, QWidget* parent);
+  ~StoffwahlDialog() override;
   void Render() override;
 
   QListWidget* StoffListe() const { return stoffListe_; }
