@@ -778,50 +778,45 @@ double SafeFlashTP(Session& s, double T, double p, const Vec<double>& z) {
   return -1.0;
 }
 
+namespace {
+
+// The flash at a given vapour fraction: the plain answer `first` (the other of T and p) stands
+// when it is a real two-phase state at (T, p); otherwise one retry on the vapour fraction, and
+// when that fails too, the plain failure value with the arrays as the plain routine left them.
+template <class Retry>
+double RetryEtaFlash(Session& s, double first, double T, double p, double eta, double given, Retry retry) {
+  if (!s.Safeguard || s.NKomp < 2) return first;
+  if (first > 0.0 && FlashReal(s, T, p)) return first;
+  Save(s, nullptr, nullptr, nullptr);
+  TakeFeed(s);
+  double second = 0;
+  if (eta > 0.0 && eta < 1.0 && given > 0.0) {
+    try {
+      second = retry(s, given, eta);
+    } catch (const NumericFault&) {
+      second = 0;
+    }
+  }
+  if (second > 0.0) {
+    s.Retried = -1;
+    return second;
+  }
+  Restore(s, nullptr, nullptr, nullptr);
+  return first > 0.0 ? 0.0 : first;
+}
+
+}  // namespace
+
 double SafeFlashPEta(Session& s, double p, double eta, const Vec<double>& z) {
   s.Retried = 0;
   const double T = FlashPEta(s, p, eta, z);
-  if (!s.Safeguard || s.NKomp < 2) return T;
-  if (T > 0.0 && FlashReal(s, T, p)) return T;
-  Save(s, nullptr, nullptr, nullptr);
-  TakeFeed(s);
-  double T2 = 0;
-  if (eta > 0.0 && eta < 1.0 && p > 0.0) {
-    try {
-      T2 = PEtaRetry(s, p, eta);
-    } catch (const NumericFault&) {
-      T2 = 0;
-    }
-  }
-  if (T2 > 0.0) {
-    s.Retried = -1;
-    return T2;
-  }
-  Restore(s, nullptr, nullptr, nullptr);
-  return 0.0;
+  return RetryEtaFlash(s, T, T, p, eta, p, PEtaRetry);
 }
 
 double SafeFlashTEta(Session& s, double T, double eta, const Vec<double>& z) {
   s.Retried = 0;
   const double p = FlashTEta(s, T, eta, z);
-  if (!s.Safeguard || s.NKomp < 2) return p;
-  if (p > 0.0 && FlashReal(s, T, p)) return p;
-  Save(s, nullptr, nullptr, nullptr);
-  TakeFeed(s);
-  double p2 = 0;
-  if (eta > 0.0 && eta < 1.0 && T > 0.0) {
-    try {
-      p2 = TEtaRetry(s, T, eta);
-    } catch (const NumericFault&) {
-      p2 = 0;
-    }
-  }
-  if (p2 > 0.0) {
-    s.Retried = -1;
-    return p2;
-  }
-  Restore(s, nullptr, nullptr, nullptr);
-  return p > 0.0 ? 0.0 : p;
+  return RetryEtaFlash(s, p, T, p, eta, T, TEtaRetry);
 }
 
 }  // namespace peq
