@@ -36,7 +36,7 @@ peq::Session MethaneEthane() {
 }
 
 void BM_BubbleTNearCritical(benchmark::State& state, bool safe) {
-  const auto bubble = safe ? &peq::SafeBubbleT : &peq::CalcBubbleT;
+  const auto bubble = [safe](auto&&... a) { return safe ? peq::SafeBubbleT(a...) : peq::CalcBubbleT(a...); };
   peq::Session s = MethaneEthane();
   peq::Vec<double> x(3, 0.0), y(3, 0.0);
   x[1] = 0.55;
