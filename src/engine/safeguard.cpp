@@ -625,34 +625,43 @@ bool FinalFlash(Session& s, double T, double p, double eta) {
   return e >= 0.0 && std::fabs(e - eta) <= kEtaMatch && FlashReal(s, T, p);
 }
 
+// The start of both retries: the feed as the liquid, and a start vapour of zeros (a made start)
+// in LnK, which the bubble routines do not touch.
+void FeedAsLiquid(Session& s) {
+  Session::SafeguardWorkArrays& w = s.SafeWork;
+  for (int i = 1; i <= s.NKomp; ++i) {
+    w.LnK[i] = 0.0;
+    w.X[i] = w.Z[i];
+  }
+}
+
+// From the liquid end `start` (where g = gStart < 0) the march takes kMarchSteps steps at most,
+// next(v) giving the step after v, until g passes 0; the bracketing root finder then solves
+// g = 0 between the last two points. 0 when g never passes 0.
+template <class G, class Next>
+double MarchAndSolve(G g, double start, double gStart, Next next) {
+  double prev = start, gPrev = gStart;
+  for (int k = 0; k < kMarchSteps; ++k) {
+    const double cur = next(prev);
+    const double gCur = g(cur);
+    if (gCur >= 0.0) return Bracketed(g, prev, cur, gPrev, gCur);
+    prev = cur;
+    gPrev = gCur;
+  }
+  return 0.0;
+}
+
 // FlashTEta's retry: the bubble pressure pb of the feed at T is the liquid end (eta 0); below
 // it the pressure falls by a factor of 0.7 a step until the vapour fraction passes eta; the
 // bracketing root finder then solves eta(p) = eta. 0 when it fails.
 double TEtaRetry(Session& s, double T, double eta) {
-  Session::SafeguardWorkArrays& w = s.SafeWork;
-  const int n = s.NKomp;
-  // Start vapour of zeros (a made start) in LnK, which the bubble routines do not touch.
-  for (int i = 1; i <= n; ++i) w.LnK[i] = 0.0;
-  for (int i = 1; i <= n; ++i) w.X[i] = w.Z[i];
+  FeedAsLiquid(s);
   double vL = 0, vV = 0;
-  const double pb = BubblePTwice(s, T, w.X, w.LnK, vL, vV);
+  const double pb = BubblePTwice(s, T, s.SafeWork.X, s.SafeWork.LnK, vL, vV);
   if (!(pb > 0.0)) return 0.0;
   auto g = [&](double p) { return EtaOrSide(s, T, p, p >= pb) - eta; };
-  double hi = pb, ghi = -eta, lo = pb, glo = -eta;
-  bool found = false;
-  for (int k = 0; k < kMarchSteps && !found; ++k) {
-    lo = 0.7 * hi;
-    glo = g(lo);
-    if (glo >= 0.0)
-      found = true;
-    else {
-      hi = lo;
-      ghi = glo;
-    }
-  }
-  if (!found) return 0.0;
-  const double p = Bracketed(g, lo, hi, glo, ghi);
-  if (!FinalFlash(s, T, p, eta)) return 0.0;
+  const double p = MarchAndSolve(g, pb, -eta, [](double v) { return 0.7 * v; });
+  if (!(p > 0.0) || !FinalFlash(s, T, p, eta)) return 0.0;
   return p;
 }
 
@@ -660,30 +669,18 @@ double TEtaRetry(Session& s, double T, double eta) {
 // rises by 2 % of Tb, growing by half a step each time, until the vapour fraction passes eta;
 // then eta(T) = eta by the bracketing root finder. 0 when it fails.
 double PEtaRetry(Session& s, double p, double eta) {
-  Session::SafeguardWorkArrays& w = s.SafeWork;
-  const int n = s.NKomp;
-  for (int i = 1; i <= n; ++i) w.LnK[i] = 0.0;
-  for (int i = 1; i <= n; ++i) w.X[i] = w.Z[i];
+  FeedAsLiquid(s);
   double vL = 0, vV = 0;
-  const double Tb = BubbleTTwice(s, p, w.X, w.LnK, vL, vV);
+  const double Tb = BubbleTTwice(s, p, s.SafeWork.X, s.SafeWork.LnK, vL, vV);
   if (!(Tb > 0.0)) return 0.0;
   auto g = [&](double T) { return EtaOrSide(s, T, p, T <= Tb) - eta; };
-  double lo = Tb, glo = -eta, hi = Tb, ghi = -eta, step = 0.02 * Tb;
-  bool found = false;
-  for (int k = 0; k < kMarchSteps && !found; ++k) {
-    hi = lo + step;
-    ghi = g(hi);
-    if (ghi >= 0.0)
-      found = true;
-    else {
-      lo = hi;
-      glo = ghi;
-      step *= 1.5;
-    }
-  }
-  if (!found) return 0.0;
-  const double T = Bracketed(g, lo, hi, glo, ghi);
-  if (!FinalFlash(s, T, p, eta)) return 0.0;
+  double step = 0.02 * Tb;
+  const double T = MarchAndSolve(g, Tb, -eta, [&step](double v) {
+    const double next = v + step;
+    step *= 1.5;
+    return next;
+  });
+  if (!(T > 0.0) || !FinalFlash(s, T, p, eta)) return 0.0;
   return T;
 }
 
