@@ -115,6 +115,15 @@ class UserPath : public peqtest::UiTest {
     }
     Key(Qt::Key_Return);
   }
+  // The isothermal p-x diagram at 50 degrees C, drawn at once.
+  void DrawPx() {
+    win->Sess().NoDia = 1;
+    win->Sess().IsoArt = 1;
+    win->Sess().TIso = 323.15;
+    win->Sess().SofortZeichnen = true;
+    F().DiagrammRechnen();
+    QApplication::processEvents();
+  }
 };
 
 // ---- the name search from the keyboard ----
@@ -315,12 +324,7 @@ TEST_F(UserPath, EveryChildWindowOpensInsideTheFrame) {
   QTest::keyClicks(ci->CInput(2), QStringLiteral("1"));
   QTest::mouseClick(ci->Weiter(), Qt::LeftButton);
   QApplication::processEvents();
-  win->Sess().NoDia = 1;
-  win->Sess().IsoArt = 1;
-  win->Sess().TIso = 323.15;
-  win->Sess().SofortZeichnen = true;
-  F().DiagrammRechnen();
-  QApplication::processEvents();
+  DrawPx();
   A(Cmd::mnuOUnif)->trigger();
   A(Cmd::mnuAbout)->trigger();
   QApplication::processEvents();
@@ -437,12 +441,7 @@ TEST_F(UserPath, EnterOnTheTipClosesIt) {
 TEST_F(UserPath, EscapeOnADiagramWithCurvesAsksFirst) {
   AcetoneMethanol();
   ModelsByEnter(true);
-  win->Sess().NoDia = 1;
-  win->Sess().IsoArt = 1;
-  win->Sess().TIso = 323.15;
-  win->Sess().SofortZeichnen = true;
-  F().DiagrammRechnen();
-  QApplication::processEvents();
+  DrawPx();
   auto* w = Window<pequi::Graph2DWindow>(WindowId::frmGraph2D);
   ASSERT_NE(w, nullptr);
   ASSERT_EQ(F().Graph2D.Doc.AnzKurven, 2);
@@ -478,12 +477,7 @@ TEST_F(UserPath, EscapeOnADiagramWithCurvesAsksFirst) {
 TEST_F(UserPath, TheReadOutDoesNotShrinkThePlotAndLogXIsQuiet) {
   AcetoneMethanol();
   ModelsByEnter(true);
-  win->Sess().NoDia = 1;
-  win->Sess().IsoArt = 1;
-  win->Sess().TIso = 323.15;
-  win->Sess().SofortZeichnen = true;
-  F().DiagrammRechnen();
-  QApplication::processEvents();
+  DrawPx();
   auto* w = Window<pequi::Graph2DWindow>(WindowId::frmGraph2D);
   ASSERT_NE(w, nullptr);
   const int hoehe = w->View()->height();
