@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include "diagrams/catalogue_mixtures.h"
+#include "diagrams/curve_fixture.h"
 #include "diagrams/curve.h"
 #include "models/eos_pure.h"
 #include "session/session.h"
@@ -70,22 +71,11 @@ double PxCurvePoint(Make make, double T, double x2) {
   s.TOffsetOut = 0;
   s.ConcUnit = 0;
   s.KurvenPunkte = 20;
-  s.XMin = 0;
-  s.XMax = 1;
-  s.YMin = 0;
-  s.YMax = 100000;
+  curvetest::Coords(s, 0, 1, 0, 100000);
   s.IsoArt = 1;
-  s.NoDia = 1;
-  s.TIso = T;
   s.GapAktiv = true;
-  peq::Kurve k1, k2;
-  peq::Vec<double> x(3, 0.0);
-  int16_t nd = 1, a = 1, b = 2, aus = 0, fe = 0;
-  float g[5];
-  std::string kom;
-  peq::MsgSink sink;
-  peq::CalcCurve(s, nd, T, s.PIso, 0.5f, k1, k2, x, s.P0, a, b, aus, 0, 100.0f, g[0], g[1], g[2], g[3], g[4], kom,
-                 fe, &sink);
+  const curvetest::Drawn d = curvetest::Draw(s, 1, T, s.PIso);
+  const peq::Kurve& k1 = d.k1;
   for (std::size_t i = 1; i < k1.size(); ++i)
     if (std::fabs(k1[i].x - x2) < 1e-6) return k1[i].y;
   return 0;
