@@ -38,6 +38,11 @@ constexpr double kSumBubbleTGamma = 1e-4;
 constexpr double kSumFlash = 1e-7;
 // Successive substitution of the FlashTP retry.
 constexpr int kRoundsSS = 2000;
+// All substitution rounds of one safeguarded flash together. The eta flashes call the TP flash
+// inside a march and a root finder; where it does not converge (a state at the edge of the
+// two-phase region), each call would spend its whole 2000 rounds, and a ten-component mixture
+// then took seconds for one point. Past this budget the retry fails.
+constexpr int kRoundsBudget = 4000;
 constexpr double kTolSS = 1e-10;  // on the largest change of ln K in a round
 // The bracketing searches.
 constexpr int kMarchSteps = 60;
@@ -543,6 +548,8 @@ double NewK(Session& s, double T, double p, double& vL, double& vV) {
 double FlashTPRetry(Session& s, double T, double p) {
   Session::SafeguardWorkArrays& w = s.SafeWork;
   const int n = s.NKomp;
+  // The budget is spent: the march or root finder that called ends here (its caller catches).
+  if (w.RoundsLeft <= 0) throw NumericFault("flash retry budget spent");
   try {
     for (int i = 1; i <= n; ++i) {
       s.PhiKorr[i] = 1.0;
@@ -559,6 +566,7 @@ double FlashTPRetry(Session& s, double T, double p) {
     double beta = 0.5, sx = 0, sy = 0, vL = 0, vV = 0;
     bool converged = false;
     for (int round = 1; round <= kRoundsSS && !converged; ++round) {
+      if (--w.RoundsLeft < 0) return -1.0;
       // Between the rounds the phases are kept inside 0..1: a split with K all on one side, or
       // outside the bounds, goes on from the nearer one-phase edge (the liquid x = z with its
       // incipient vapour, or the vapour y = z with its incipient liquid).
@@ -766,6 +774,7 @@ double SafeFlashTP(Session& s, double T, double p, const Vec<double>& z) {
   if (eta >= 0.0 && FlashReal(s, T, p)) return eta;
   Save(s, nullptr, nullptr, nullptr);
   TakeFeed(s);
+  s.SafeWork.RoundsLeft = kRoundsBudget;
   const double eta2 = FlashTPRetry(s, T, p);
   if (eta2 >= 0.0) {
     s.Retried = -1;
@@ -786,6 +795,7 @@ double RetryEtaFlash(Session& s, double first, double T, double p, double eta, d
   if (first > 0.0 && FlashReal(s, T, p)) return first;
   Save(s, nullptr, nullptr, nullptr);
   TakeFeed(s);
+  s.SafeWork.RoundsLeft = kRoundsBudget;
   double second = 0;
   if (eta > 0.0 && eta < 1.0 && given > 0.0) {
     try {

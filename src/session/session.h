@@ -156,6 +156,7 @@ struct Session {
     Vec<double> Arg1, Arg2, Arg3;  // the caller's own gamma, PhiK, K arrays
     Mat<double> BVir;
     Vec<double> Z, X, Y, K, LnK;  // feed, start values, K of the successive substitution
+    int RoundsLeft = 0;           // substitution rounds the current safeguarded flash may still spend
   } SafeWork;
   // ---- end of the EOS and kernel block ----
 

@@ -63,7 +63,7 @@ TEST(SweepTool, RunsEveryRoutineAndFindsNoNonFiniteValue) {
   const SweepRun r = RunSweep("--states 60 --seed 7");
   ASSERT_EQ(r.code, 0) << r.out;
   const auto t = Table(r.out);
-  ASSERT_EQ(t.size(), 17u) << r.out;
+  ASSERT_EQ(t.size(), 23u) << r.out;
   for (const auto& [name, c] : t) {
     EXPECT_GT(c[0], 0) << name;                   // called
     EXPECT_EQ(c[1] + c[2], c[0]) << name;         // each call a success or a failure value

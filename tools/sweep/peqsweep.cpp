@@ -33,6 +33,7 @@
 #include "engine/flash.h"
 #include "engine/gap.h"
 #include "engine/kernel.h"
+#include "engine/safeguard.h"
 #include "engine/singlecalc.h"
 #include "models/activity.h"
 #include "models/eos_pure.h"
@@ -193,12 +194,14 @@ struct Row {
 
 enum RoutineId {
   kPure, kGamma, kBubbleP, kBubbleT, kDewP, kDewT, kFlashTP, kFlashPEta, kFlashTEta, kExcessGE, kExcessT,
-  kExcessCp, kGM2Zeros, kBinodal, kGapRange, kAzeotrope, kSingleCalc, kRoutines
+  kExcessCp, kGM2Zeros, kBinodal, kGapRange, kAzeotrope, kSingleCalc, kSafeBubbleP, kSafeBubbleT, kSafeDewT,
+  kSafeFlashTP, kSafeFlashPEta, kSafeFlashTEta, kRoutines
 };
 const char* const kRoutineNames[kRoutines] = {
     "AllPureProps", "ActivityCoeffs", "CalcBubbleP", "CalcBubbleT", "CalcDewP", "CalcDewT",
     "FlashTP", "FlashPEta", "FlashTEta", "ExcessGE", "ExcessT", "ExcessCp", "FindGM2Zeros",
-    "Binodal", "GapRange", "IsBinaerAzeotrop", "SingleCalc"};
+    "Binodal", "GapRange", "IsBinaerAzeotrop", "SingleCalc", "SafeBubbleP", "SafeBubbleT", "SafeDewT",
+    "SafeFlashTP", "SafeFlashPEta", "SafeFlashTEta"};
 
 struct Sweep {
   std::vector<Row> rows;
@@ -293,10 +296,13 @@ bool Identical(int n, const Vec<double>& a, const Vec<double>& b) {
   return true;
 }
 
+// The components present in x. The UNIFAC models write 1E-10 for an absent component into the
+// composition they are given, so a fraction counts only from 1E-8 up: a pure component with
+// such a trace is not a mixture whose phases could be told apart.
 int Present(int n, const Vec<double>& x) {
   int k = 0;
   for (int i = 1; i <= n; ++i)
-    if (x[static_cast<std::size_t>(i)] > 0) ++k;
+    if (x[static_cast<std::size_t>(i)] >= 1e-8) ++k;
   return k;
 }
 
@@ -450,6 +456,44 @@ void RunState(Sweep& sw, const Case& c, Draw& d) {
     // An ordinate counts only with its flag 0; T, p and the vapour composition always.
     v = Ts + ps + outx + (out.F1 == 0 ? out.Y1 : 0.0f) + (out.F2 == 0 ? out.Y2 : 0.0f);
     return out.F1 == 0 || out.F2 == 0 ? 1 : 0;
+  });
+
+  // The entry points the program calls by default: the plain routine, retried when it fails or
+  // answers with identical phases. Their trivial counts are what a user can still meet.
+  s.Safeguard = true;
+  sw.Call(kSafeBubbleP, s, [&](double& v) {
+    double vL = 0, vV = 0;
+    v = peq::SafeBubbleP(s, T, x, 0, y0, s.Gamma, s.PhiKorr, s.KWert, vL, vV);
+    if (!(v > 0)) return 0;
+    return Present(n, x) > 1 && Identical(n, x, s.YGas) ? 2 : 1;
+  });
+  sw.Call(kSafeBubbleT, s, [&](double& v) {
+    double Tb = 0, vL = 0, vV = 0;
+    int16_t warn = 0;
+    v = peq::SafeBubbleT(s, p, x, Tb, y0, warn, s.KWert, vL, vV);
+    if (!(v > 0)) return 0;
+    return Present(n, x) > 1 && Identical(n, x, s.YGas) ? 2 : 1;
+  });
+  if (!s.Konzept)
+    sw.Call(kSafeDewT, s, [&](double& v) {
+      v = peq::SafeDewT(s, p, y, 0);
+      if (!(v > 0)) return 0;
+      return Present(n, y) > 1 && Identical(n, y, s.XLiq) ? 2 : 1;
+    });
+  sw.Call(kSafeFlashTP, s, [&](double& v) {
+    v = peq::SafeFlashTP(s, T, p, z);
+    if (v == -1) return 0;
+    return Present(n, z) > 1 && Identical(n, s.XLiq, s.YGas) ? 2 : 1;
+  });
+  sw.Call(kSafeFlashPEta, s, [&](double& v) {
+    v = peq::SafeFlashPEta(s, p, eta, z);
+    if (!(v > 0)) return 0;
+    return Present(n, z) > 1 && Identical(n, s.XLiq, s.YGas) ? 2 : 1;
+  });
+  sw.Call(kSafeFlashTEta, s, [&](double& v) {
+    v = peq::SafeFlashTEta(s, T, eta, z);
+    if (!(v > 0)) return 0;
+    return Present(n, z) > 1 && Identical(n, s.XLiq, s.YGas) ? 2 : 1;
   });
 }
 
