@@ -120,6 +120,12 @@ QWidget* AEditDialog::BaueTab(int tab) {
   const auto& felder = peq::AEditFelder();
   const bool inkr = tab >= 3;
   if (tab == 0) v->addWidget(Hinweis(peq::kAEditTemporaer, page));
+  if (tab == 1) {
+    // The equation the models use, above the equations.
+    lblGleichung_ = new QLabel(page);
+    lblGleichung_->setObjectName(QStringLiteral("lblGleichung"));
+    v->addWidget(lblGleichung_);
+  }
 
   // The groups of the tab in the order of their first field; each a box with a grid of caption,
   // field and unit (for the increments: count, "times group #", group).
@@ -144,8 +150,13 @@ QWidget* AEditDialog::BaueTab(int tab) {
       auto* box = new QGroupBox(Q(gruppe), page);
       auto* bv = new QVBoxLayout(box);
       const std::string form = Form(gruppe);
-      if (!form.empty()) bv->addWidget(new QLabel(Q(form), box));
+      if (!form.empty()) {
+        auto* l = new QLabel(Q(form), box);
+        l->setWordWrap(true);
+        bv->addWidget(l);
+      }
       g = new QGridLayout;
+      if (inkr) g->setColumnStretch(3, 1);  // the pair stays together at the left
       bv->addLayout(g);
       if (gruppe == peq::kGruppeAugust) {
         august_ = Knopf(Q(std::string(peq::kAugustCaption1) + "\n" + peq::kAugustCaption2),
@@ -184,11 +195,6 @@ QWidget* AEditDialog::BaueTab(int tab) {
     g->addWidget(new QLabel(Q(d.Einheit), page), row, 2);
   }
   v->addLayout(raster);
-  if (tab == 1) {
-    lblGleichung_ = new QLabel(page);
-    lblGleichung_->setObjectName(QStringLiteral("lblGleichung"));
-    v->addWidget(lblGleichung_);
-  }
   if (inkr) {
     const bool mod = tab == 3;
     auto* b = Knopf(Q(mod ? peq::kUNIFTabCaption : peq::kOUnifTabCaption),
