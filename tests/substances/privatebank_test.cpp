@@ -104,7 +104,9 @@ TEST_F(PrivateBank, ChangedFieldsAreChangedAndEveryOtherByteStaysAsInTheDatabase
   for (std::size_t b = 0; b < static_cast<std::size_t>(kQ07RecordLength); ++b) {
     const bool changed = (b >= 12 && b < 52) || (b >= ValueAt(6) && b < ValueAt(7)) ||
                          (b >= ValueAt(28) && b < ValueAt(29)) || (b >= ValueAt(39) && b < ValueAt(40));
-    if (!changed) EXPECT_EQ(w[b], wo[b]) << "byte " << b;
+    if (!changed) {
+      EXPECT_EQ(w[b], wo[b]) << "byte " << b;
+    }
   }
 
   const std::string m = Record(mine, 4), mo = Record(orig, s.KompIdx[3] + 1);
