@@ -126,6 +126,13 @@ void Gating(GateEvent event, const Session& s, CommandStates& c) {
                        Id(Cmd::mnuGraph3D), Id(Cmd::mnuDest)})
         c.Enable(id, false);
       break;
+
+    case GateEvent::ModelsToConfirm:
+      for (CmdId id : {Id(Cmd::mnuCalc), Id(Cmd::mnuOptions), Id(Cmd::mnuGraph2D), Id(Cmd::mnuGraph3D),
+                       Id(Cmd::mnuDest)})
+        c.Enable(id, false);
+      c.Enable(Id(Cmd::mnuModell), true);
+      break;
   }
 }
 

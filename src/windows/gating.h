@@ -51,6 +51,7 @@ enum class GateEvent {
   DatenOpened,     // the menu mnuDaten opened
   Activated,       // the frame activated
   ResetModels,     // the menu side of ResetModels
+  ModelsToConfirm,  // "Apply" in the substance data editor: the models must be accepted again
 };
 
 // Sets the commands for the event from the session. The two 'Enabled' and 'Disabled' columns of

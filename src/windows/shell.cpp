@@ -788,6 +788,9 @@ void mdiPEQ::mnuMUnif_Click() {
 
 void mdiPEQ::mnuSubEdit_Click(int index) {
   if (index < 1 || index > s.NKomp) return;
+  if (IsLoaded(WindowId::frmAEdit) && !AEdit.Verlassen(*this)) return;
+  AEdit.Load(*this, index);
+  Unload(WindowId::frmAEdit);
   Show(WindowId::frmAEdit);
 }
 

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "session/session.h"
+#include "windows/aedit.h"
 #include "windows/cmndlg.h"
 #include "windows/commands.h"
 #include "windows/gating.h"
@@ -100,6 +101,7 @@ class mdiPEQ {
   frmCmnDlg CmnDlg;
   frmUnifInkr UnifInkr;
   frmGraph2D Graph2D;
+  frmAEdit AEdit;
 
   // Hooks of parts the frame hands over to (diagram calculation, result record, experimental
   // points). Empty: the frame goes on without them.

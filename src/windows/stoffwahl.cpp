@@ -153,6 +153,9 @@ void frmStoffwahl::Label3_Click(mdiPEQ& f, int k) {
     f.NichtVerfuegbar(WindowId::frmAEdit);
     return;
   }
+  if (f.IsLoaded(WindowId::frmAEdit) && !f.AEdit.Verlassen(f)) return;
+  if (!f.AEdit.LoadPlatz(f, PlatzRechts(k + 1))) return;
+  f.Unload(WindowId::frmAEdit);
   f.Show(WindowId::frmAEdit);
 }
 

@@ -225,7 +225,7 @@ void frmVModell::kParButton_Click(mdiPEQ& f) {
 
 void frmVModell::lblKomp_Click(mdiPEQ& f, int i) {
   if (i < 1 || i > f.s.NKomp) return;
-  f.Show(WindowId::frmAEdit);
+  f.mnuSubEdit_Click(i);
 }
 
 void frmVModell::cmdOKModell(mdiPEQ& f) {
