@@ -18,6 +18,8 @@
 #include "windows/gating.h"
 #include "windows/geinput.h"
 #include "windows/graph2d.h"
+#include "windows/thielemccabe.h"
+#include "windows/distprotokoll.h"
 #include "windows/kijinput.h"
 #include "windows/options.h"
 #include "windows/stoffwahl.h"
@@ -100,6 +102,8 @@ class mdiPEQ {
   frmCmnDlg CmnDlg;
   frmUnifInkr UnifInkr;
   frmGraph2D Graph2D;
+  frmThieleMcCabe Thiele;
+  frmDistProtokoll DistProtokoll;
 
   // Hooks of parts the frame hands over to (diagram calculation, result record, experimental
   // points). Empty: the frame goes on without them.
