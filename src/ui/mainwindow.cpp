@@ -29,6 +29,7 @@
 #include "ui/calcinputdialog.h"
 #include "ui/calcoutdialog.h"
 #include "ui/cmndlgdialog.h"
+#include "ui/distprotokolldialog.h"
 #include "ui/geinputdialog.h"
 #include "ui/graph2dwindow.h"
 #include "ui/kijinputdialog.h"
@@ -36,6 +37,7 @@
 #include "ui/qtconvert.h"
 #include "ui/stoffwahldialog.h"
 #include "ui/textwindows.h"
+#include "ui/thieledialog.h"
 #include "ui/titelbreite.h"
 #include "ui/tipdialog.h"
 #include "ui/tpxinputdialog.h"
@@ -419,6 +421,8 @@ bool MainWindow::Provides(WindowId id) {
     case WindowId::frmGraph2D:
     case WindowId::frmCalcInput:
     case WindowId::frmCalcOut:
+    case WindowId::frmThieleMcCabe:
+    case WindowId::frmDistProtokoll:
       return true;
     default:
       return false;
@@ -516,6 +520,8 @@ void MainWindow::ShowWindow(WindowId id) {
     case WindowId::frmGraph2D: w = new Graph2DWindow(frame_, frame_.Graph2D, parent); break;
     case WindowId::frmCalcInput: w = new CalcInputDialog(frame_, parent); break;
     case WindowId::frmCalcOut: w = new CalcOutDialog(frame_, parent); break;
+    case WindowId::frmThieleMcCabe: w = new ThieleDialog(frame_, parent); break;
+    case WindowId::frmDistProtokoll: w = new DistProtokollDialog(frame_, parent); break;
     case WindowId::frmUnifInkr:
       w = new TextWindow(Q(frame_.UnifInkr.Text));
       title = Q(frame_.UnifInkr.Caption);
