@@ -69,7 +69,7 @@ bool frmDistProtokoll::schreibProtFileAndClose(mdiPEQ& f, const std::tm& jetzt) 
   f.ui.WaitCursor(false);
   if (!ok) {
     LetzterFehler = err;
-    f.ui.MsgBox(kDistTitelFehler, P.ProtokollDatei + kNL + err, MsgIcon::Stop);
+    f.ui.MsgBox(kDistTitelFehler, err, MsgIcon::Stop);
   }
   return ok;
 }
