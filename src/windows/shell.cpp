@@ -684,6 +684,7 @@ void mdiPEQ::mnuBatchDist_Click() {
   for (WindowId w : kRechenfenster) Unload(w);
   if (RunModal(WindowId::frmTpxInput)) Show(WindowId::frmBatchDist);
   s.ProtokollZeile.assign(static_cast<std::size_t>((5 + s.NKomp) * s.NFrak + s.NKomp + 2) + 1);
+  DistProtokoll.P.Einrichten(kProtBatch, s.NKomp, s.NFrak);
 }
 
 void mdiPEQ::mnuThiele_Click() {
@@ -698,6 +699,7 @@ void mdiPEQ::mnuThiele_Click() {
     Show(WindowId::frmThieleMcCabe);
   }
   s.ProtokollZeile.assign(static_cast<std::size_t>(3 * s.NKomp + 4) + 1);
+  DistProtokoll.P.Einrichten(kProtThiele, s.NKomp, 0);
 }
 
 void mdiPEQ::calc_Click(int index) {
