@@ -52,7 +52,7 @@ std::string DistProtokollText(const Session& s, const DistProtokoll& p, const st
 // The rows for the clipboard: the values separated by tabs, the rows by CR LF.
 std::string DistClipboardText(const DistProtokoll& p, bool dezKomma);
 
-// A value of a row as written: the shortest form of the single, with a decimal comma when the
+// A value of a row in the file: the shortest form of the single, with a decimal comma when the
 // system uses one and the delimiter is no comma.
 std::string DistZahl(float v, bool dezKomma, const std::string& trenner);
 
