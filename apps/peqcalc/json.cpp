@@ -113,6 +113,11 @@ void Json::NumMatrix(std::string_view key, const std::vector<std::vector<double>
   body_ += ']';
 }
 
+void Json::Object(std::string_view key, const Json& inner) {
+  Key(key);
+  body_ += inner.Text();
+}
+
 std::string Json::Text() const { return "{" + body_ + "}"; }
 
 }  // namespace peqcalc

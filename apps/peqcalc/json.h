@@ -19,6 +19,8 @@ class Json {
   void IntArray(std::string_view key, const std::vector<long>& v);
   void StrArray(std::string_view key, const std::vector<std::string>& v);
   void NumMatrix(std::string_view key, const std::vector<std::vector<double>>& rows);
+  // A nested object.
+  void Object(std::string_view key, const Json& inner);
 
   // The object as one line of text: {"key": value, ...}
   std::string Text() const;

@@ -388,7 +388,7 @@ void Graph2DWindow::BuildSeries() {
     s->attachAxis(yAxis_);
     serien_[static_cast<std::size_t>(k)] = s;
   }
-  for (int k = 1; k <= peq::kMaxKurven; ++k) {
+  for (int k = 1; k <= peq::kSerienAnz; ++k) {
     auto* t = new QGraphicsSimpleTextItem(chart_);
     t->setZValue(20);
     t->hide();
@@ -487,7 +487,7 @@ void Graph2DWindow::RenderSeries() {
 void Graph2DWindow::RenderLabels() {
   const peq::Graph2DDoc& d = g_.Doc;
   const QRectF plot = chart_->plotArea();
-  for (int k = 1; k <= peq::kMaxKurven; ++k) {
+  for (int k = 1; k <= peq::kSerienAnz; ++k) {
     QGraphicsSimpleTextItem* t = labels_[static_cast<std::size_t>(k)];
     const peq::Serie& s = d.Serien[static_cast<std::size_t>(k)];
     if (s.LabelPunkt < 1 || s.LabelPunkt > s.Punkte() || s.Label.empty()) {

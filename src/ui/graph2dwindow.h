@@ -86,7 +86,7 @@ class Graph2DWindow : public StateDialog {
   bool xLogShown_ = false, yLogShown_ = false;
   std::array<QLineSeries*, peq::kSerienAnz + 1> serien_{};
   std::vector<QScatterSeries*> expSerien_;
-  std::array<QGraphicsSimpleTextItem*, peq::kMaxKurven + 1> labels_{};
+  std::array<QGraphicsSimpleTextItem*, peq::kSerienAnz + 1> labels_{};  // curves and the fixed series
   std::array<peq::SerienStil, peq::kSerienAnz + 1> stilShown_{};
   std::array<bool, peq::kSerienAnz + 1> stilKnown_{};
   QLabel* lblStatus_ = nullptr;

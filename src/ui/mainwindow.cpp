@@ -30,6 +30,7 @@
 #include "ui/calcoutdialog.h"
 #include "ui/aeditdialog.h"
 #include "ui/cmndlgdialog.h"
+#include "ui/distprotokolldialog.h"
 #include "ui/geinputdialog.h"
 #include "ui/graph2dwindow.h"
 #include "ui/kijinputdialog.h"
@@ -37,6 +38,7 @@
 #include "ui/qtconvert.h"
 #include "ui/stoffwahldialog.h"
 #include "ui/textwindows.h"
+#include "ui/thieledialog.h"
 #include "ui/titelbreite.h"
 #include "ui/tipdialog.h"
 #include "ui/tpxinputdialog.h"
@@ -421,6 +423,8 @@ bool MainWindow::Provides(WindowId id) {
     case WindowId::frmCalcInput:
     case WindowId::frmCalcOut:
     case WindowId::frmAEdit:
+    case WindowId::frmThieleMcCabe:
+    case WindowId::frmDistProtokoll:
       return true;
     default:
       return false;
@@ -519,6 +523,8 @@ void MainWindow::ShowWindow(WindowId id) {
     case WindowId::frmCalcInput: w = new CalcInputDialog(frame_, parent); break;
     case WindowId::frmCalcOut: w = new CalcOutDialog(frame_, parent); break;
     case WindowId::frmAEdit: w = new AEditDialog(frame_, parent); break;
+    case WindowId::frmThieleMcCabe: w = new ThieleDialog(frame_, parent); break;
+    case WindowId::frmDistProtokoll: w = new DistProtokollDialog(frame_, parent); break;
     case WindowId::frmUnifInkr:
       w = new TextWindow(Q(frame_.UnifInkr.Text));
       title = Q(frame_.UnifInkr.Caption);

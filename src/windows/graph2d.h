@@ -12,6 +12,7 @@
 #include "diagrams/catalogue.h"
 #include "diagrams/curve.h"
 #include "diagrams/document.h"
+#include "distillation/mccabe.h"
 #include "session/session.h"
 
 namespace peq {
@@ -103,6 +104,10 @@ struct frmGraph2D {
   bool Chart_RightClick(int serie);
   // cmdClipboard: one curve (slot) to the clipboard as text. false when the slot is empty.
   bool cmdClipboard_Click(mdiPEQ& f, int slot);
+  // cmdDest: the McCabe-Thiele construction on an isobaric x-y diagram: the diagonal, the
+  // operating lines, the labels "Top", "Feed", "Bottom" and the plate steps on series 28. The
+  // counts and XEnde go to d.
+  void cmdDest_Click(mdiPEQ& f, ThieleDaten& d);
 
  private:
   void KoordinatenInSession(Session& s) const;

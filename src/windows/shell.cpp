@@ -328,6 +328,8 @@ void mdiPEQ::Unload(WindowId id) {
     Unload(WindowId::frmKijInput);
   }
   if (!IsLoaded(id)) return;
+  // The record window writes the rows it holds before it goes.
+  if (id == WindowId::frmDistProtokoll) DistProtokoll.QueryUnload(*this);
   loaded_[static_cast<std::size_t>(id)] = false;
   ui.UnloadWindow(id);
 }
@@ -682,6 +684,7 @@ void mdiPEQ::mnuBatchDist_Click() {
   for (WindowId w : kRechenfenster) Unload(w);
   if (RunModal(WindowId::frmTpxInput)) Show(WindowId::frmBatchDist);
   s.ProtokollZeile.assign(static_cast<std::size_t>((5 + s.NKomp) * s.NFrak + s.NKomp + 2) + 1);
+  DistProtokoll.P.Einrichten(kProtBatch, s.NKomp, s.NFrak);
 }
 
 void mdiPEQ::mnuThiele_Click() {
@@ -690,10 +693,13 @@ void mdiPEQ::mnuThiele_Click() {
   DestillAktiv = true;
   for (WindowId w : kRechenfenster) Unload(w);
   if (RunModal(WindowId::frmTpxInput)) {
+    s.SofortZeichnen = true;  // the x-y curve is drawn before the design window opens
     if (DiagrammRechnen) DiagrammRechnen();
+    Thiele.Form_Load(*this);
     Show(WindowId::frmThieleMcCabe);
   }
   s.ProtokollZeile.assign(static_cast<std::size_t>(3 * s.NKomp + 4) + 1);
+  DistProtokoll.P.Einrichten(kProtThiele, s.NKomp, 0);
 }
 
 void mdiPEQ::calc_Click(int index) {

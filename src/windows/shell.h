@@ -19,6 +19,8 @@
 #include "windows/gating.h"
 #include "windows/geinput.h"
 #include "windows/graph2d.h"
+#include "windows/thielemccabe.h"
+#include "windows/distprotokoll.h"
 #include "windows/kijinput.h"
 #include "windows/options.h"
 #include "windows/stoffwahl.h"
@@ -102,6 +104,8 @@ class mdiPEQ {
   frmUnifInkr UnifInkr;
   frmGraph2D Graph2D;
   frmAEdit AEdit;
+  frmThieleMcCabe Thiele;
+  frmDistProtokoll DistProtokoll;
 
   // Hooks of parts the frame hands over to (diagram calculation, result record, experimental
   // points). Empty: the frame goes on without them.
