@@ -94,7 +94,7 @@ void ThieleDialog::Render() {
   const peq::frmThieleMcCabe& w = f_.Thiele;
   for (int k = 0; k < 3; ++k) {
     const auto i = static_cast<std::size_t>(k);
-    lblX_[i]->setText(Q(w.lblX + "2 " + peq::kThieleFeldTexte[i]));
+    lblX_[i]->setText(Q(w.FeldLabel(k)));
     const QSignalBlocker b(txtX_[i]);
     txtX_[i]->setText(Q(w.txtX[i]));
   }

@@ -38,7 +38,12 @@ std::string ZustandText(const Session& s, const std::string& einheit, double T, 
 
 }  // namespace
 
+std::string frmThieleMcCabe::FeldLabel(int k) const {
+  return lblX + std::to_string(lblKomp) + " " + kThieleFeldTexte[k];
+}
+
 void frmThieleMcCabe::Form_Load(mdiPEQ& f) {
+  lblKomp = f.s.Komp2;
   txtRR = " 1E+10";
   txtRRMin = " ?";
   OptKontDest = !f.s.ThieleOption;
@@ -55,9 +60,12 @@ bool frmThieleMcCabe::cmdCalc_Click(mdiPEQ& f) {
   Session& s = f.s;
   // The label and the fields; each given composition in 0 < x < 1.
   lblX = s.ConcUnit != 0 ? "ksi" : "x";
+  lblKomp = s.Komp2;
   D.OhneFeed = OptKontDest ? 0 : -1;
   s.ThieleOption = !OptKontDest;
   D.RR = static_cast<float>(FeldWert(txtRR));
+  // The ratio as it was read goes back into its field (total reflux reads " 1E+10").
+  txtRR = (D.RR < 0.0f ? "" : " ") + ZahlG(D.RR, 7);
   D.XKopf = static_cast<float>(FeldWert(txtX[0]));
   D.XSumpf = static_cast<float>(FeldWert(txtX[1]));
   D.XFeed = static_cast<float>(FeldWert(txtX[2]));

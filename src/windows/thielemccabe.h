@@ -30,11 +30,15 @@ struct frmThieleMcCabe {
   bool OptKontDest = true;  // with a feed; false: the column without a feed
   bool chkHLV = false;
   std::string lblX = "x";   // "x" or "ksi" after the unit of the compositions
+  int lblKomp = 2;          // the component on the diagram's axis, whose fractions the fields hold
   std::string lblBoeden1, lblBoeden2;  // the plate counts
   std::string lblKopf, lblSumpf;       // the state at the top and at the bottom
   bool Topmost = true;                 // stays above the diagram
   ThieleDaten D;
   int StufenPunkte = 0;  // points of the step curve drawn last
+
+  // The caption of composition field k: "x2 (top)", "ksi1 (feed)" after the components' exchange.
+  std::string FeldLabel(int k) const;
 
   void Form_Load(mdiPEQ& f);
   // cmdCalc: checks, computes and lets the diagram draw. true when the steps were drawn.
