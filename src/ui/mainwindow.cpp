@@ -31,6 +31,7 @@
 #include "ui/cmndlgdialog.h"
 #include "ui/geinputdialog.h"
 #include "ui/graph2dwindow.h"
+#include "ui/graphcalcdialog.h"
 #include "ui/kijinputdialog.h"
 #include "ui/optionsdialog.h"
 #include "ui/qtconvert.h"
@@ -419,6 +420,7 @@ bool MainWindow::Provides(WindowId id) {
     case WindowId::frmGraph2D:
     case WindowId::frmCalcInput:
     case WindowId::frmCalcOut:
+    case WindowId::frmGraphCalc:
       return true;
     default:
       return false;
@@ -516,6 +518,7 @@ void MainWindow::ShowWindow(WindowId id) {
     case WindowId::frmGraph2D: w = new Graph2DWindow(frame_, frame_.Graph2D, parent); break;
     case WindowId::frmCalcInput: w = new CalcInputDialog(frame_, parent); break;
     case WindowId::frmCalcOut: w = new CalcOutDialog(frame_, parent); break;
+    case WindowId::frmGraphCalc: w = new GraphCalcDialog(frame_, parent); break;
     case WindowId::frmUnifInkr:
       w = new TextWindow(Q(frame_.UnifInkr.Text));
       title = Q(frame_.UnifInkr.Caption);
