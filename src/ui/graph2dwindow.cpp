@@ -28,6 +28,7 @@
 #include <QtCharts/QLegendMarker>
 #include <QtCharts/QLineSeries>
 #include <QtCharts/QScatterSeries>
+#include <algorithm>
 #include <cmath>
 #include <functional>
 #include <tuple>
@@ -453,18 +454,42 @@ void Graph2DWindow::RenderAxes() {
 void Graph2DWindow::RenderSeries() {
   const peq::Graph2DDoc& d = g_.Doc;
   QList<QPointF> pts;
+  // A hole parts a series: the pieces after the first are drawn by series of their own.
+  for (QLineSeries* t : teilSerien_) {
+    chart_->removeSeries(t);
+    delete t;
+  }
+  teilSerien_.clear();
   for (int k = 1; k <= peq::kSerienAnz; ++k) {
     const peq::Serie& s = d.Serien[static_cast<std::size_t>(k)];
     QLineSeries* ser = serien_[static_cast<std::size_t>(k)];
     pts.clear();
     pts.reserve(s.Punkte());
+    QList<QList<QPointF>> weitere;
+    QList<QPointF>* ziel = &pts;
     for (int i = 0; i < s.Punkte(); ++i) {
       const float x = s.x[static_cast<std::size_t>(i)], y = s.y[static_cast<std::size_t>(i)];
-      if (peq::IstLoch(x) || peq::IstLoch(y)) continue;
+      if (peq::IstLoch(x) || peq::IstLoch(y)) {
+        if (!ziel->isEmpty()) {
+          weitere.append(QList<QPointF>());
+          ziel = &weitere.back();
+        }
+        continue;
+      }
       if ((d.XLog && !(x > 0)) || (d.YLog && !(y > 0))) continue;
-      pts.append(QPointF(x, y));
+      ziel->append(QPointF(x, y));
     }
     ser->replace(pts);
+    for (const QList<QPointF>& teil : weitere) {
+      if (teil.isEmpty()) continue;
+      auto* t = new QLineSeries(chart_);
+      t->replace(teil);
+      chart_->addSeries(t);
+      t->attachAxis(xAxis_);
+      t->attachAxis(yAxis_);
+      StilSetzen(t, s.Stil);
+      teilSerien_.push_back(t);
+    }
     if (!stilKnown_[static_cast<std::size_t>(k)] || !(stilShown_[static_cast<std::size_t>(k)] == s.Stil)) {
       StilSetzen(ser, s.Stil);
       stilShown_[static_cast<std::size_t>(k)] = s.Stil;
@@ -563,8 +588,11 @@ QXYSeries* Graph2DWindow::SerieVon(int slot) const {
 
 int Graph2DWindow::GezeichneteSerien() const {
   int n = 0;
-  for (QAbstractSeries* s : chart_->series())
+  for (QAbstractSeries* s : chart_->series()) {
+    // The pieces of a series parted by a hole belong to it.
+    if (std::find(teilSerien_.begin(), teilSerien_.end(), s) != teilSerien_.end()) continue;
     if (auto* xs = qobject_cast<QXYSeries*>(s); xs && xs->count() > 0) ++n;
+  }
   return n;
 }
 

@@ -123,6 +123,7 @@ class Graph2DWindow : public StateDialog {
   QPushButton* mnuDatei_ = nullptr;
   QPushButton* cmdGraphCalc_ = nullptr;
   std::vector<QGraphicsSimpleTextItem*> markerLabels_;
+  std::vector<QLineSeries*> teilSerien_;  // pieces of series after a hole
   void BuildMarkerMenu(QHBoxLayout* row);
   void RenderMarkerLabels();
   bool zoomModus_ = false;
