@@ -113,6 +113,9 @@ bool TauscheKomponenten(Graph2DDoc& d) {
     Spiegeln(e.L, auchY);
     Spiegeln(e.V, auchY);
   }
+  // The labels of the mixing-gap lines stand at a composition: they move along.
+  for (ChartLabel& l : d.MarkerLabels)
+    if (l.Serie == kSerieML && !IstLoch(l.x)) l.x = 1.0f - l.x;
   return true;
 }
 
@@ -147,6 +150,7 @@ void LoescheAlles(Graph2DDoc& d) {
   LoescheAlleKurven(d);
   for (int k = kMaxKurven + 1; k <= kSerienAnz; ++k) d.Serien[static_cast<std::size_t>(k)].Leeren();
   d.ExpSaetze.clear();
+  d.MarkerLabels.clear();
 }
 
 std::string PruefeKoordinaten(const Graph2DDoc& d, const Achsenbereich& b) {

@@ -23,6 +23,17 @@ inline constexpr int kMarkerErste = kMaxKurven + 8;  // marker lines 24+8 .. 24+
 inline constexpr int kMarkerLetzte = kMaxKurven + 11;
 inline constexpr int kSerieStufen = 28;             // plate steps of the McCabe-Thiele design
 inline constexpr int kMaxExpSaetze = 12;
+// The series of each marker. Those of the marker lines that stand at a composition (24+8 ..
+// 24+11) follow an exchange of the components; the others stand at a T, p or y.
+inline constexpr int kSerieTcr = kMaxKurven + 1;
+inline constexpr int kSeriePcr = kMaxKurven + 2;
+inline constexpr int kSerieNormalP = kMaxKurven + 3;
+inline constexpr int kSerieY1 = kMaxKurven + 5;
+inline constexpr int kSerieY0 = kMaxKurven + 6;
+inline constexpr int kSerieML = kMaxKurven + 8;
+inline constexpr int kSerie3Phasen = kMaxKurven + 9;
+inline constexpr int kSerieTangente = kMaxKurven + 10;
+inline constexpr int kSerieDiagonale = kMaxKurven + 11;
 
 // The hole value: a point that is hidden. It is never moved by an operation on the points.
 inline constexpr float kLoch = 3.0e38f;
@@ -66,6 +77,15 @@ struct ExpSatz {
   std::string Legende;
 };
 
+// A chart label attached to coordinates: the text of a marker, kept with the series it belongs
+// to so that deleting the marker removes it.
+struct ChartLabel {
+  int Serie = 0;
+  float x = 0, y = 0;
+  std::string Text;
+  bool operator==(const ChartLabel&) const = default;
+};
+
 struct Achsenbereich {
   float XMin = 0, XMax = 1, YMin = 0, YMax = 1;
   bool operator==(const Achsenbereich&) const = default;
@@ -80,6 +100,7 @@ struct Graph2DDoc {
   std::vector<float> KurvenZTab;
   std::array<Serie, kSerienAnz + 1> Serien;  // 1..35
   std::vector<ExpSatz> ExpSaetze;            // at most 12
+  std::vector<ChartLabel> MarkerLabels;      // labels of the markers, at coordinates
 
   int16_t NoDia = 0;
   int16_t KurvenAnzahl = 1;
@@ -91,6 +112,9 @@ struct Graph2DDoc {
   Achsenbereich Gespeichert;  // the range a zoom returns to
   bool Gezoomt = false;
   bool XLog = false, YLog = false;
+  // Number format of the tick labels of each axis (a printf pattern such as "%.2f"); empty for
+  // the automatic one that suits the range.
+  std::string XFormat, YFormat;
 
   Graph2DDoc();
   float& KurvenZ(int slot, int row) {

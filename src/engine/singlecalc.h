@@ -50,4 +50,10 @@ void SingleCalcXY(Session& s, double Xval, double p, int16_t K1, int16_t K2, dou
 void SingleCalcExcess(Session& s, int16_t DiaCode, double Xval, double T, double p, const Vec<double>& x,
                       int16_t K1, int16_t K2, SingleOut& Out);
 
+// Derivative n of gE (withIdeal false) or of delta(M)g (true) to x(K2) at T, in double
+// precision and kJ/kmol (without FuFaktor), as the codes 110..116 and 120..126 compute it; false
+// when there is no value. x holds x(K1), x(K2).
+bool ExcessDerivative(Session& s, int n, bool withIdeal, double Xval, double T, double p, const Vec<double>& x,
+                      int16_t K1, int16_t K2, double& v);
+
 }  // namespace peq

@@ -57,6 +57,11 @@ bool Derivative(Session& s, int n, bool withIdeal, double Xval, double T, double
 
 }  // namespace
 
+bool ExcessDerivative(Session& s, int n, bool withIdeal, double Xval, double T, double p, const Vec<double>& x,
+                      int16_t K1, int16_t K2, double& v) {
+  return Derivative(s, n, withIdeal, Xval, T, p, x, K1, K2, v);
+}
+
 void SingleCalcExcess(Session& s, int16_t DiaCode, double Xval, double T, double p, const Vec<double>& x,
                       int16_t K1, int16_t K2, SingleOut& Out) {
   Out = SingleOut{};

@@ -1,5 +1,6 @@
 #include "session/numformat.h"
 
+#include <cfloat>
 #include <cmath>
 #include <cstdio>
 
@@ -22,7 +23,9 @@ std::string FormatZahl(double v, std::string_view pattern) {
   const double scale = std::pow(10.0, decMax);
   double r = std::floor(a * scale + 0.5);
   // Guard the rare binary case where a*scale lands just below .5 of a decimal tie.
-  if (std::fabs(a * scale + 0.5 - (r + 1.0)) < 1e-9 * std::fmax(1.0, a * scale)) r += 1.0;
+  // The tolerance is a few units of the last place: a wider one would round up numbers with many
+  // places that are no tie at all (101.325 in "0.00000####" read 101.325000001).
+  if (std::fabs(a * scale + 0.5 - (r + 1.0)) < 8.0 * DBL_EPSILON * std::fmax(1.0, a * scale)) r += 1.0;
   char buf[400];
   std::snprintf(buf, sizeof buf, "%.0f", r);
   std::string digits = buf;

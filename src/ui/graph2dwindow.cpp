@@ -28,10 +28,23 @@
 #include <QtCharts/QLegendMarker>
 #include <QtCharts/QLineSeries>
 #include <QtCharts/QScatterSeries>
+#include <algorithm>
 #include <cmath>
+#include <functional>
+#include <tuple>
+
+#include <QBuffer>
+#include <QMimeData>
+#include <QPageLayout>
+#include <QPdfWriter>
+#include <QPrintDialog>
+#include <QPrinter>
 
 #include "ui/curvedesigndialog.h"
 #include "ui/qtconvert.h"
+#include "windows/graph2dfile.h"
+#include "windows/graph2dmarker.h"
+#include "windows/graphcalc.h"
 #include "windows/shell.h"
 
 namespace pequi {
@@ -281,6 +294,12 @@ Graph2DWindow::Graph2DWindow(peq::mdiPEQ& f, peq::frmGraph2D& g, QWidget* parent
   clip->setObjectName(QStringLiteral("mnuBildClipboard"));
   QAction* datei = bildMenu->addAction(QStringLiteral("Write image file"));
   datei->setObjectName(QStringLiteral("mnuBildDatei"));
+  QAction* vektor = bildMenu->addAction(QStringLiteral("to the Clipboard: Vector Image"));
+  vektor->setObjectName(QStringLiteral("mnuBildVektor"));
+  connect(vektor, &QAction::triggered, this, [this] { VektorInZwischenablage(); });
+  QAction* drucken = bildMenu->addAction(QStringLiteral("Print"));
+  drucken->setObjectName(QStringLiteral("cmdPrint"));
+  connect(drucken, &QAction::triggered, this, [this] { cmdPrint(); });
   mnuBild_->setMenu(bildMenu);
   // The delete menu: one curve, the point clicked last, all curves, everything.
   mnuDelete_ = Knopf(QStringLiteral("&Delete"), QStringLiteral("mnuDelete"), this);
@@ -320,6 +339,7 @@ Graph2DWindow::Graph2DWindow(peq::mdiPEQ& f, peq::frmGraph2D& g, QWidget* parent
     w->setMinimumWidth(w->sizeHint().width() + (w == mnuDelete_ || w == mnuBild_ ? 12 : 0));
     knoepfe->addWidget(w);
   }
+  BuildMarkerMenu(knoepfe);
   // Deleting all curves stands in the delete menu; the row has no room for a button of its own.
   cmdDelKurv_->hide();
   knoepfe->addStretch(1);
@@ -426,23 +446,50 @@ void Graph2DWindow::RenderAxes() {
   }
   AchseAnpassen(xAxis_, d.XLog, d.Bereich.XMin, d.Bereich.XMax, Q(d.XTitel));
   AchseAnpassen(yAxis_, d.YLog, d.Bereich.YMin, d.Bereich.YMax, Q(d.YTitel));
+  // A number format of the document (from a loaded diagram file) replaces the automatic one.
+  if (!d.XFormat.empty() && !d.XLog) static_cast<QValueAxis*>(xAxis_)->setLabelFormat(Q(d.XFormat));
+  if (!d.YFormat.empty() && !d.YLog) static_cast<QValueAxis*>(yAxis_)->setLabelFormat(Q(d.YFormat));
 }
 
 void Graph2DWindow::RenderSeries() {
   const peq::Graph2DDoc& d = g_.Doc;
   QList<QPointF> pts;
+  // A hole parts a series: the pieces after the first are drawn by series of their own.
+  for (QLineSeries* t : teilSerien_) {
+    chart_->removeSeries(t);
+    delete t;
+  }
+  teilSerien_.clear();
   for (int k = 1; k <= peq::kSerienAnz; ++k) {
     const peq::Serie& s = d.Serien[static_cast<std::size_t>(k)];
     QLineSeries* ser = serien_[static_cast<std::size_t>(k)];
     pts.clear();
     pts.reserve(s.Punkte());
+    QList<QList<QPointF>> weitere;
+    QList<QPointF>* ziel = &pts;
     for (int i = 0; i < s.Punkte(); ++i) {
       const float x = s.x[static_cast<std::size_t>(i)], y = s.y[static_cast<std::size_t>(i)];
-      if (peq::IstLoch(x) || peq::IstLoch(y)) continue;
+      if (peq::IstLoch(x) || peq::IstLoch(y)) {
+        if (!ziel->isEmpty()) {
+          weitere.append(QList<QPointF>());
+          ziel = &weitere.back();
+        }
+        continue;
+      }
       if ((d.XLog && !(x > 0)) || (d.YLog && !(y > 0))) continue;
-      pts.append(QPointF(x, y));
+      ziel->append(QPointF(x, y));
     }
     ser->replace(pts);
+    for (const QList<QPointF>& teil : weitere) {
+      if (teil.isEmpty()) continue;
+      auto* t = new QLineSeries(chart_);
+      t->replace(teil);
+      chart_->addSeries(t);
+      t->attachAxis(xAxis_);
+      t->attachAxis(yAxis_);
+      StilSetzen(t, s.Stil);
+      teilSerien_.push_back(t);
+    }
     if (!stilKnown_[static_cast<std::size_t>(k)] || !(stilShown_[static_cast<std::size_t>(k)] == s.Stil)) {
       StilSetzen(ser, s.Stil);
       stilShown_[static_cast<std::size_t>(k)] = s.Stil;
@@ -508,6 +555,7 @@ void Graph2DWindow::RenderLabels() {
     t->setPos(k % 2 ? p + QPointF(4, -br.height() - 2) : p + QPointF(-br.width() - 4, 2));
     t->show();
   }
+  RenderMarkerLabels();
 }
 
 void Graph2DWindow::Render() {
@@ -540,8 +588,11 @@ QXYSeries* Graph2DWindow::SerieVon(int slot) const {
 
 int Graph2DWindow::GezeichneteSerien() const {
   int n = 0;
-  for (QAbstractSeries* s : chart_->series())
+  for (QAbstractSeries* s : chart_->series()) {
+    // The pieces of a series parted by a hole belong to it.
+    if (std::find(teilSerien_.begin(), teilSerien_.end(), s) != teilSerien_.end()) continue;
     if (auto* xs = qobject_cast<QXYSeries*>(s); xs && xs->count() > 0) ++n;
+  }
   return n;
 }
 
@@ -658,14 +709,13 @@ void Graph2DWindow::BildDatei() {
   peq::FileDialogRequest req;
   req.save = true;
   req.title = "Write image file";
-  req.filter = "PNG image (*.png)|*.png|SVG image (*.svg)|*.svg";
+  req.filter = "PNG image (*.png)|*.png|Bitmap (.BMP) (*.bmp)|*.bmp|SVG image (*.svg)|*.svg|PDF document (*.pdf)|*.pdf";
   req.defaultExt = "png";
   req.initialFile = g_.BildDateiName();
   const peq::FileDialogResult r = f_.ui.FileDialog(req);
   if (r.cancelled || r.fileTitle.empty()) return;
   const QString file = Q(r.fileName);
-  const bool svg = file.endsWith(QStringLiteral(".svg"), Qt::CaseInsensitive);
-  const bool ok = svg ? SpeichereSvg(file) : SpeicherePng(file);
+  const bool ok = SpeichereBild(file);
   if (!ok) f_.ui.MsgBox("Error", "The image file could not be written.", peq::MsgIcon::Stop, peq::Buttons::Ok);
 }
 
@@ -680,6 +730,192 @@ void Graph2DWindow::KurveInZwischenablage() {
     slot = k;
   }
   g_.cmdClipboard_Click(f_, slot);
+}
+
+void Graph2DWindow::BuildMarkerMenu(QHBoxLayout* row) {
+  using peq::Marker;
+  cmdGraphCalc_ = Knopf(QStringLiteral("y = f(x)"), QStringLiteral("cmdGraphCalc"), this);
+  connect(cmdGraphCalc_, &QPushButton::clicked, this, [this] { Do([this] { peq::cmdGraphCalc_Click(f_, g_); }); });
+  mnuMarker_ = Knopf(QStringLiteral("&Markers"), QStringLiteral("mnuMarker"), this);
+  auto* m = new QMenu(mnuMarker_);
+  m->setObjectName(QStringLiteral("mnuMarkerMenu"));
+  struct Eintrag {
+    const char* name;
+    const char* text;
+    Marker art;
+    std::function<void()> run;
+  };
+  const std::vector<Eintrag> marken = {
+      {"mnuMarkTcr", "Tcr of both components", Marker::Tcr, [this] { peq::mnuMarkTcr_Click(f_, g_); }},
+      {"mnuMarkPcr", "pcr of both components", Marker::Pcr, [this] { peq::mnuMarkPcr_Click(f_, g_); }},
+      {"mnuMarkPnp", "Normal pressure", Marker::Pnp, [this] { peq::mnuMarkPnp_Click(f_, g_); }},
+      {"mnuMarkML", "Mixing gap", Marker::ML, [this] { peq::mnuMarkML_Click(f_, g_); }},
+      {"mnuAddKonnode", "Tie-line L-L", Marker::Konnode, [this] { peq::mnuAddKonnode_Click(f_, g_); }},
+      {"mnuAddLLE", "Binodal curve (LLE)", Marker::LLE, [this] { peq::mnuAddLLE_Click(f_, g_); }},
+      {"mnuMark3PhasePoint", "3-phase point", Marker::DreiPhasen, [this] { peq::mnuMark3PhasePoint_Click(f_, g_); }},
+      {"mnuAddDiagonale", "Diagonal", Marker::Diagonale, [this] { peq::mnuAddDiagonale_Click(f_, g_); }},
+      {"mnuMarky1", "Line y = 1", Marker::Y1, [this] { peq::mnuMarky1_Click(f_, g_); }},
+      {"mnuMarky0", "Line y = 0", Marker::Y0, [this] { peq::mnuMarky0_Click(f_, g_); }},
+      {"cmdTangente", "Tangent at the calculated point", Marker::Tangente, [this] { peq::cmdTangente_Click(f_, g_); }},
+  };
+  std::vector<std::pair<QAction*, Marker>> aktionen;
+  for (const Eintrag& e : marken) {
+    QAction* a = m->addAction(QString::fromLatin1(e.text));
+    a->setObjectName(QString::fromLatin1(e.name));
+    auto run = e.run;
+    connect(a, &QAction::triggered, this, [this, run] { Do(run); });
+    aktionen.emplace_back(a, e.art);
+  }
+  QMenu* del = m->addMenu(QStringLiteral("Delete marker"));
+  del->setObjectName(QStringLiteral("mnuDelMarker"));
+  const std::vector<std::tuple<const char*, const char*, std::function<void()>>> loeschen = {
+      {"mnuDelTcr", "Tcr", [this] { peq::mnuDelTcr_Click(f_, g_); }},
+      {"mnuDelpCr", "pcr", [this] { peq::mnuDelpCr_Click(f_, g_); }},
+      {"mnuDelPnd", "Normal pressure", [this] { peq::mnuDelPnd_Click(f_, g_); }},
+      {"mnuDelML", "Mixing gap", [this] { peq::mnuDelML_Click(f_, g_); }},
+      {"mnuDely0", "Line y = 0", [this] { peq::mnuDely0_Click(f_, g_); }},
+      {"mnuDely1", "Line y = 1", [this] { peq::mnuDely1_Click(f_, g_); }},
+      {"mnuDelDiagonale", "Diagonal", [this] { peq::mnuDelDiagonale_Click(f_, g_); }},
+      {"mnuDel3PhasePoint", "3-phase point", [this] { peq::mnuDel3PhasePoint_Click(f_, g_); }},
+      {"mnuDelTangente", "Tangent", [this] { peq::mnuDelTangente_Click(f_, g_); }},
+  };
+  for (const auto& [name, text, run] : loeschen) {
+    QAction* a = del->addAction(QString::fromLatin1(text));
+    a->setObjectName(QString::fromLatin1(name));
+    auto r = run;
+    connect(a, &QAction::triggered, this, [this, r] { Do(r); });
+  }
+  connect(m, &QMenu::aboutToShow, this, [this, aktionen] {
+    for (const auto& [a, art] : aktionen) a->setVisible(peq::MarkerAngeboten(g_.Doc.NoDia, art));
+  });
+  mnuMarker_->setMenu(m);
+
+  mnuDatei_ = Knopf(QStringLiteral("&File"), QStringLiteral("mnuDatei"), this);
+  auto* fm = new QMenu(mnuDatei_);
+  QAction* save = fm->addAction(QStringLiteral("Save diagram (*.oc2)"));
+  save->setObjectName(QStringLiteral("mnuSaveOC2"));
+  QAction* load = fm->addAction(QStringLiteral("Load diagram (*.oc2)"));
+  load->setObjectName(QStringLiteral("mnuLoadOC2"));
+  QAction* csv = fm->addAction(QStringLiteral("All curves as CSV file"));
+  csv->setObjectName(QStringLiteral("mnuCsvAlle"));
+  connect(save, &QAction::triggered, this, [this] { Do([this] { peq::mnuSaveOC2_Click(f_, g_); }); });
+  connect(load, &QAction::triggered, this, [this] { Do([this] { peq::mnuLoadOC2_Click(f_, g_); }); });
+  connect(csv, &QAction::triggered, this, [this] { Do([this] { peq::mnuCsvAlle_Click(f_, g_); }); });
+  mnuDatei_->setMenu(fm);
+  for (QPushButton* b : {cmdGraphCalc_, mnuMarker_, mnuDatei_}) {
+    b->setMinimumWidth(b->sizeHint().width() + (b == cmdGraphCalc_ ? 0 : 12));
+    row->addWidget(b);
+  }
+}
+
+void Graph2DWindow::RenderMarkerLabels() {
+  const peq::Graph2DDoc& d = g_.Doc;
+  while (markerLabels_.size() < d.MarkerLabels.size()) {
+    auto* t = new QGraphicsSimpleTextItem(chart_);
+    t->setZValue(20);
+    t->setBrush(QColor(0x40, 0x40, 0x40));
+    markerLabels_.push_back(t);
+  }
+  const QRectF plot = chart_->plotArea();
+  for (std::size_t i = 0; i < markerLabels_.size(); ++i) {
+    QGraphicsSimpleTextItem* t = markerLabels_[i];
+    if (i >= d.MarkerLabels.size()) {
+      t->hide();
+      continue;
+    }
+    const peq::ChartLabel& l = d.MarkerLabels[i];
+    if ((d.XLog && !(l.x > 0)) || (d.YLog && !(l.y > 0))) {
+      t->hide();
+      continue;
+    }
+    const QPointF p = chart_->mapToPosition(QPointF(l.x, l.y), serien_[1]);
+    if (!plot.adjusted(-1, -1, 1, 1).contains(p)) {
+      t->hide();
+      continue;
+    }
+    t->setText(Q(l.Text));
+    t->setPos(p + QPointF(3, -t->boundingRect().height() - 1));
+    t->show();
+  }
+}
+
+int Graph2DWindow::MarkerLabelsShown() const {
+  int n = 0;
+  for (const QGraphicsSimpleTextItem* t : markerLabels_)
+    if (t->isVisible()) ++n;
+  return n;
+}
+
+bool Graph2DWindow::SpeichereBmp(const QString& file) {
+  RenderLabels();
+  const QPixmap p = view_->grab();
+  return !p.isNull() && p.save(file, "BMP");
+}
+
+bool Graph2DWindow::SpeicherePdf(const QString& file) {
+  RenderLabels();
+  QPdfWriter pdf(file);
+  pdf.setTitle(Q(g_.Doc.Titel));
+  pdf.setCreator(QStringLiteral("PEQ"));
+  pdf.setPageLayout(QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Landscape, QMarginsF(10, 10, 10, 10)));
+  QPainter p;
+  if (!p.begin(&pdf)) return false;
+  view_->render(&p);
+  return p.end();
+}
+
+bool Graph2DWindow::SpeichereBild(const QString& file) {
+  if (file.endsWith(QStringLiteral(".svg"), Qt::CaseInsensitive)) return SpeichereSvg(file);
+  if (file.endsWith(QStringLiteral(".pdf"), Qt::CaseInsensitive)) return SpeicherePdf(file);
+  if (file.endsWith(QStringLiteral(".bmp"), Qt::CaseInsensitive)) return SpeichereBmp(file);
+  return SpeicherePng(file);
+}
+
+void Graph2DWindow::VektorInZwischenablage() {
+  RenderLabels();
+  QByteArray svg;
+  QBuffer buf(&svg);
+  buf.open(QIODevice::WriteOnly);
+  QSvgGenerator gen;
+  gen.setOutputDevice(&buf);
+  gen.setSize(view_->size());
+  gen.setViewBox(QRect(QPoint(0, 0), view_->size()));
+  gen.setTitle(Q(g_.Doc.Titel));
+  QPainter p;
+  if (!p.begin(&gen)) return;
+  view_->render(&p);
+  p.end();
+  auto* mime = new QMimeData;
+  mime->setData(QStringLiteral("image/svg+xml"), svg);
+  mime->setImageData(view_->grab().toImage());
+  QGuiApplication::clipboard()->setMimeData(mime);
+}
+
+bool Graph2DWindow::Drucke(QPrinter& printer) {
+  RenderLabels();
+  QPainter p;
+  if (!p.begin(&printer)) return false;
+  // The chart fills the page, its aspect kept.
+  const QRect seite = p.viewport();
+  QSize s = view_->size();
+  s.scale(seite.size(), Qt::KeepAspectRatio);
+  p.setViewport(QRect(seite.topLeft(), s));
+  p.setWindow(QRect(QPoint(0, 0), view_->size()));
+  view_->render(&p);
+  return p.end();
+}
+
+void Graph2DWindow::cmdPrint() {
+  const bool schwarz = chart_->backgroundBrush().color().lightness() < 60;
+  if (!peq::SchwarzesDiagrammErlaubt(f_, schwarz)) return;
+  QPrinter printer(QPrinter::HighResolution);
+  printer.setPageOrientation(QPageLayout::Landscape);
+  printer.setDocName(Q(g_.Doc.Titel));
+  QPrintDialog dlg(&printer, this);
+  dlg.setObjectName(QStringLiteral("dlgPrint"));
+  if (dlg.exec() != QDialog::Accepted) return;
+  if (!Drucke(printer))
+    f_.ui.MsgBox("Error", "The diagram could not be printed.", peq::MsgIcon::Stop, peq::Buttons::Ok);
 }
 
 }  // namespace pequi

@@ -13,6 +13,7 @@
 
 class QAbstractAxis;
 class QGraphicsSimpleTextItem;
+class QHBoxLayout;
 class QLabel;
 class QMenu;
 class QLineSeries;
@@ -22,6 +23,7 @@ class QToolButton;
 class QXYSeries;
 class QChart;
 class QChartView;
+class QPrinter;
 
 namespace pequi {
 
@@ -52,6 +54,21 @@ class Graph2DWindow : public StateDialog {
   bool SpeicherePng(const QString& file);
   bool SpeichereSvg(const QString& file);
   void BildInZwischenablage();
+  // Further images: BMP and PDF files, the chart as a vector image (SVG) with a bitmap beside it
+  // to the clipboard, and the chart on a printer (a PDF file when the printer says so).
+  bool SpeichereBmp(const QString& file);
+  bool SpeicherePdf(const QString& file);
+  void VektorInZwischenablage();
+  bool Drucke(QPrinter& printer);
+  // cmdPrint: the black-chart question, the platform's print dialog, the print.
+  void cmdPrint();
+  // Writes the image file of the chosen type (by the file's extension).
+  bool SpeichereBild(const QString& file);
+  QPushButton* mnuMarker() const { return mnuMarker_; }
+  QPushButton* mnuDatei() const { return mnuDatei_; }
+  QPushButton* cmdGraphCalc() const { return cmdGraphCalc_; }
+  // The chart labels of the markers now shown.
+  int MarkerLabelsShown() const;
 
   // Mouse at a pixel of the chart view: the series and point (1-based) nearest to it within a
   // few pixels; false when none is near.
@@ -102,6 +119,13 @@ class Graph2DWindow : public StateDialog {
   QPushButton* mnuBild_ = nullptr;
   QPushButton* mnuDelete_ = nullptr;
   QMenu* mnuSubDelKurv_ = nullptr;
+  QPushButton* mnuMarker_ = nullptr;
+  QPushButton* mnuDatei_ = nullptr;
+  QPushButton* cmdGraphCalc_ = nullptr;
+  std::vector<QGraphicsSimpleTextItem*> markerLabels_;
+  std::vector<QLineSeries*> teilSerien_;  // pieces of series after a hole
+  void BuildMarkerMenu(QHBoxLayout* row);
+  void RenderMarkerLabels();
   bool zoomModus_ = false;
 };
 

@@ -33,6 +33,7 @@
 #include "ui/distprotokolldialog.h"
 #include "ui/geinputdialog.h"
 #include "ui/graph2dwindow.h"
+#include "ui/graphcalcdialog.h"
 #include "ui/kijinputdialog.h"
 #include "ui/optionsdialog.h"
 #include "ui/qtconvert.h"
@@ -425,6 +426,7 @@ bool MainWindow::Provides(WindowId id) {
     case WindowId::frmAEdit:
     case WindowId::frmThieleMcCabe:
     case WindowId::frmDistProtokoll:
+    case WindowId::frmGraphCalc:
       return true;
     default:
       return false;
@@ -525,6 +527,7 @@ void MainWindow::ShowWindow(WindowId id) {
     case WindowId::frmAEdit: w = new AEditDialog(frame_, parent); break;
     case WindowId::frmThieleMcCabe: w = new ThieleDialog(frame_, parent); break;
     case WindowId::frmDistProtokoll: w = new DistProtokollDialog(frame_, parent); break;
+    case WindowId::frmGraphCalc: w = new GraphCalcDialog(frame_, parent); break;
     case WindowId::frmUnifInkr:
       w = new TextWindow(Q(frame_.UnifInkr.Text));
       title = Q(frame_.UnifInkr.Caption);

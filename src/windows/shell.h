@@ -21,6 +21,7 @@
 #include "windows/graph2d.h"
 #include "windows/thielemccabe.h"
 #include "windows/distprotokoll.h"
+#include "windows/graphcalc.h"
 #include "windows/kijinput.h"
 #include "windows/options.h"
 #include "windows/stoffwahl.h"
@@ -106,6 +107,7 @@ class mdiPEQ {
   frmAEdit AEdit;
   frmThieleMcCabe Thiele;
   frmDistProtokoll DistProtokoll;
+  frmGraphCalc GraphCalc;
 
   // Hooks of parts the frame hands over to (diagram calculation, result record, experimental
   // points). Empty: the frame goes on without them.

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "engine/gap.h"
+#include "engine/gap_sessions.h"
 #include "engine/kernel.h"
 #include "engine/kernel_test_sessions.h"
 #include "models/activity.h"
@@ -28,26 +29,7 @@ peq::Session Margules(double A) {
   return s;
 }
 
-// Water(1)/1-butanol(2), NRTL of DECHEMA CDS Vol. I Part 1a p. 336 (isobaric set at 1 atm, via
-// ChemSep nrtl.ipd): tau12 = 1325.32682 K/T, tau21 = 253.641818 K/T, alpha 0.4447; Antoine
-// lg(p/kPa) = A - B/(C + t/°C) of Poling et al. 5th ed. App. A; ideal gas.
-peq::Session WaterButanol() {
-  const peqtest::PureData kButanol{"1-Butanol", 74.1216, 563, 4414, 270.52, 0.59};
-  peq::Session s = peqtest::MakeSession({peqtest::kWater, kButanol});
-  peqtest::SetAntoineLg(s, 1, 7.11564, 1687.537, 230.17);
-  peqtest::SetAntoineLg(s, 2, 6.6493, 1395.14, 182.739);
-  s.ParRho[1][1] = 996.0f;
-  s.ParRho[1][8] = 647.0f;
-  s.ParRho[2][1] = 810.0f;
-  s.ParRho[2][8] = 563.0f;
-  s.GEModel = 2;
-  s.ParUnitNRTL = 3;
-  peqtest::SetSlot(s, 1, 1, 2, 1325.32682);
-  peqtest::SetSlot(s, 4, 1, 2, 253.641818);
-  peqtest::SetSlot(s, 7, 1, 2, 0.4447);
-  s.VapModel = 0;
-  return s;
-}
+using peqtest::WaterButanol;
 
 // x ln(gamma) of component i in the binary liquid x2 at T.
 double LnActivity(peq::Session& s, double T, double x2, int i) {

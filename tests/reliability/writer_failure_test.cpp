@@ -15,12 +15,14 @@
 
 #include <gtest/gtest.h>
 
+#include "diagrams/diagram2d_file.h"
 #include "session/project.h"
 #include "substances/kij.h"
 #include "substances/q07.h"
 #include "support/fixtures.h"
 #include "windows/calc_fixture.h"
 #include "windows/frame_fixture.h"
+#include "windows/graph2dfile.h"
 #include "windows/protokoll.h"
 
 namespace {
@@ -302,6 +304,72 @@ TEST(KijWrite, ATemporaryFileThatCannotBeCreatedKeepsTheOldFile) {
   EXPECT_FALSE(peq::WriteKijFile(file, {peq::KijEntry{"1-1-1", "2-2-2", 0.5}}, err));
   EXPECT_FALSE(err.empty());
   EXPECT_EQ(Bytes(file), "64-17-5,7732-18-5\r\n-0.09\r\n");
+}
+
+// ---- The diagram file (*.oc2) ----
+
+constexpr const char* kOldDiagram = "{\"format\": \"PEQ diagram\", \"version\": 1, \"kind\": \"2d\"}\n";
+
+// A document with two curves of 2000 points each: its file is far larger than the limits below.
+peq::Graph2DDoc BigDiagram() {
+  peq::Graph2DDoc d;
+  for (int c = 0; c < 2; ++c) {
+    peq::Kurve k(2001);
+    k[0].x = 2000;
+    for (int i = 1; i <= 2000; ++i) k[static_cast<std::size_t>(i)] = peq::KurvenPunkt{0.5f * i + c, i / 2000.0f, 300.0f};
+    int16_t slot = 0;
+    bool full = false;
+    peq::DrawCurve(d, k, slot, full, nullptr);
+  }
+  return d;
+}
+
+TEST(DiagramWrite, AFullDiskKeepsTheOldFileAndLeavesNoTemporaryFile) {
+  TempDir dir;
+  const std::string file = dir.File("PX.oc2");
+  Put(file, kOldDiagram);
+  std::string err;
+  {
+    DiskFull full(4096);
+    EXPECT_FALSE(peq::Diagramm2DSpeichern(BigDiagram(), file, err));
+  }
+  EXPECT_EQ(err, "Disk full");
+  EXPECT_EQ(Bytes(file), kOldDiagram);
+  EXPECT_EQ(Others(dir.path(), {"PX.oc2"}), std::vector<std::string>{});
+}
+
+TEST(DiagramWrite, TheSaveCommandShowsTheFailureAndKeepsTheOldFile) {
+  peqtest::FrameEnv e;
+  TempDir dir;
+  const std::string file = dir.File("PX.oc2");
+  Put(file, kOldDiagram);
+  fs::create_directory(file + ".tmp~");
+  peq::frmGraph2D g;
+  g.Doc = BigDiagram();
+  peq::FileDialogResult r;
+  r.cancelled = false;
+  r.fileName = file;
+  r.fileTitle = "PX.oc2";
+  e.ui.files.push_back(r);
+  EXPECT_FALSE(peq::mnuSaveOC2_Click(e.f, g));
+  EXPECT_EQ(Bytes(file), kOldDiagram);
+  ASSERT_EQ(e.ui.boxes.size(), 1u);
+  EXPECT_EQ(e.ui.Last().title, "Error");
+  EXPECT_EQ(e.ui.Last().text.rfind("The diagram could not be written to " + file + ":\n", 0), 0u) << e.ui.Last().text;
+}
+
+TEST(DiagramWrite, AReadOnlyDirectoryKeepsTheOldFile) {
+  if (IsRoot()) GTEST_SKIP() << "root writes into read-only directories";
+  TempDir dir;
+  const std::string file = dir.File("PX.oc2");
+  Put(file, kOldDiagram);
+  std::string err;
+  {
+    ReadOnlyDir ro(dir.path());
+    EXPECT_FALSE(peq::Diagramm2DSpeichern(BigDiagram(), file, err));
+  }
+  EXPECT_EQ(err, "Permission denied");
+  EXPECT_EQ(Bytes(file), kOldDiagram);
 }
 
 }  // namespace
