@@ -18,22 +18,29 @@ namespace peq {
 inline constexpr int16_t kMaxKurven = 24;         // curve slots 1..24
 inline constexpr int kKurvenZZeilen = 2501;       // rows 0..2500 of KurvenZ
 inline constexpr int kKurvenZSpalten = 25;        // columns 0..24 (slot)
-inline constexpr int kSerienAnz = kMaxKurven + 11;  // series 1..35: curves, then fixed markers
+inline constexpr int kSerienAnz = kMaxKurven + 16;  // series 1..40: curves, then fixed series
 inline constexpr int kMarkerErste = kMaxKurven + 8;  // marker lines 24+8 .. 24+11
 inline constexpr int kMarkerLetzte = kMaxKurven + 11;
-inline constexpr int kSerieStufen = 28;             // plate steps of the McCabe-Thiele design
 inline constexpr int kMaxExpSaetze = 12;
+// The McCabe-Thiele construction: the diagonal, the upper and lower operating line, the plate
+// steps (28) and the feed point.
+inline constexpr int kSerieThieleDiagonale = kMaxKurven + 1;
+inline constexpr int kSerieOben = kMaxKurven + 2;
+inline constexpr int kSerieUnten = kMaxKurven + 3;
+inline constexpr int kSerieStufen = 28;
+inline constexpr int kSerieFeed = kMaxKurven + 5;
 // The series of each marker. Those of the marker lines that stand at a composition (24+8 ..
-// 24+11) follow an exchange of the components; the others stand at a T, p or y.
-inline constexpr int kSerieTcr = kMaxKurven + 1;
-inline constexpr int kSeriePcr = kMaxKurven + 2;
-inline constexpr int kSerieNormalP = kMaxKurven + 3;
-inline constexpr int kSerieY1 = kMaxKurven + 5;
-inline constexpr int kSerieY0 = kMaxKurven + 6;
+// 24+11) follow an exchange of the components; the others stand at a T, p or y and lie behind
+// the McCabe-Thiele series, so that both can be on one diagram.
 inline constexpr int kSerieML = kMaxKurven + 8;
 inline constexpr int kSerie3Phasen = kMaxKurven + 9;
 inline constexpr int kSerieTangente = kMaxKurven + 10;
 inline constexpr int kSerieDiagonale = kMaxKurven + 11;
+inline constexpr int kSerieTcr = kMaxKurven + 12;
+inline constexpr int kSeriePcr = kMaxKurven + 13;
+inline constexpr int kSerieNormalP = kMaxKurven + 14;
+inline constexpr int kSerieY1 = kMaxKurven + 15;
+inline constexpr int kSerieY0 = kMaxKurven + 16;
 
 // The hole value: a point that is hidden. It is never moved by an operation on the points.
 inline constexpr float kLoch = 3.0e38f;
@@ -98,7 +105,7 @@ struct Graph2DDoc {
   int16_t BinodalSlot = 0;
   // KurvenZ(slot, row): row 0 the code of the third quantity, rows 1..2500 the z of each point.
   std::vector<float> KurvenZTab;
-  std::array<Serie, kSerienAnz + 1> Serien;  // 1..35
+  std::array<Serie, kSerienAnz + 1> Serien;  // 1..40
   std::vector<ExpSatz> ExpSaetze;            // at most 12
   std::vector<ChartLabel> MarkerLabels;      // labels of the markers, at coordinates
 

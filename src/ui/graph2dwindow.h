@@ -45,7 +45,7 @@ class Graph2DWindow : public StateDialog {
   QChart* Chart() const { return chart_; }
   QChartView* View() const;
   QLabel* StatusLabel() const { return lblStatus_; }
-  // The Qt series that show slot k (1..35); nullptr when it shows nothing.
+  // The Qt series that show slot k (1..40); nullptr when it shows nothing.
   QXYSeries* SerieVon(int slot) const;
   // Number of series in the chart that hold points.
   int GezeichneteSerien() const;

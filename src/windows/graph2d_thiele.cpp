@@ -11,11 +11,6 @@ namespace peq {
 
 namespace {
 
-constexpr int kSerieDiagonale = kMaxKurven + 1;
-constexpr int kSerieOben = kMaxKurven + 2;
-constexpr int kSerieUnten = kMaxKurven + 3;
-constexpr int kSerieFeed = kMaxKurven + 5;
-
 void Punkt(Serie& s, double x, double y) {
   s.x.push_back(static_cast<float>(x));
   s.y.push_back(static_cast<float>(y));
@@ -34,10 +29,10 @@ SerienStil Stil(LinienMuster m, float breite, uint32_t farbe, Symbol sym = Symbo
 
 void frmGraph2D::cmdDest_Click(mdiPEQ& f, ThieleDaten& d) {
   Graph2DDoc& doc = Doc;
-  for (int k : {kSerieDiagonale, kSerieOben, kSerieUnten, kSerieStufen, kSerieFeed})
+  for (int k : {kSerieThieleDiagonale, kSerieOben, kSerieUnten, kSerieStufen, kSerieFeed})
     doc.Serien[static_cast<std::size_t>(k)].Leeren();
 
-  Serie& diag = doc.Serien[kSerieDiagonale];
+  Serie& diag = doc.Serien[kSerieThieleDiagonale];
   diag.Stil = Stil(LinienMuster::Voll, 1.0f, 0x000000);
   Punkt(diag, 0.0, 0.0);
   Punkt(diag, 1.0, 1.0);
