@@ -18,6 +18,7 @@
 #include "windows/gating.h"
 #include "windows/geinput.h"
 #include "windows/graph2d.h"
+#include "windows/graph3d.h"
 #include "windows/kijinput.h"
 #include "windows/options.h"
 #include "windows/stoffwahl.h"
@@ -100,6 +101,7 @@ class mdiPEQ {
   frmCmnDlg CmnDlg;
   frmUnifInkr UnifInkr;
   frmGraph2D Graph2D;
+  frmGraph3D Graph3D;
 
   // Hooks of parts the frame hands over to (diagram calculation, result record, experimental
   // points). Empty: the frame goes on without them.
