@@ -218,4 +218,80 @@ bool frmGraph3D::SchnittZeigenX(mdiPEQ& f, double x2) {
   return InZweiD(f, 0, t, k, Grenzen.YMin, Grenzen.YMax, "x2 =" + FormatAllgemein(x2));
 }
 
+Dokument3D frmGraph3D::Dokument() const {
+  Dokument3D d;
+  d.Aufbau = Aufbau;
+  d.Grenzen = Grenzen;
+  d.ResFeld = ResFeld;
+  d.Gezeichnet = Gezeichnet;
+  d.GapSuche = chkGap;
+  d.Drehung = Ansicht.Drehung;
+  d.Neigung = Ansicht.Neigung;
+  d.Zoom = Ansicht.Zoom;
+  return d;
+}
+
+void frmGraph3D::AusDokument(const Dokument3D& d) {
+  Aufbau = d.Aufbau;
+  Grenzen = d.Grenzen;
+  ResFeld = d.ResFeld;
+  Gezeichnet = d.Gezeichnet;
+  chkGap = d.GapSuche;
+  Ansicht = Ansicht3D{d.Drehung, d.Neigung, d.Zoom};
+  if (ResFeld.IXDim() >= kGitter3DMin && ResFeld.IXDim() <= kGitter3DMax) IXDim = ResFeld.IXDim();
+  if (ResFeld.IYDim() >= kGitter3DMin && ResFeld.IYDim() <= kGitter3DMax) IYDim = ResFeld.IYDim();
+  Loecher = 0;
+  for (int j = 1; j <= ResFeld.IYDim(); ++j)
+    for (int i = 1; i <= ResFeld.IXDim(); ++i)
+      if (ResFeld(i, j) == kLoch3D) ++Loecher;
+  Caption = std::string(kGraph3DCaption) + ": " + Aufbau.Titel;
+}
+
+bool frmGraph3D::SpeichernAls(mdiPEQ& f, const std::string& file) {
+  std::string err;
+  if (!SpeichereOC3(file, Dokument(), err)) {
+    f.ui.MsgBox("Error", err, MsgIcon::Stop);
+    return false;
+  }
+  return true;
+}
+
+bool frmGraph3D::LadenVon(mdiPEQ& f, const std::string& file) {
+  Dokument3D d;
+  std::string err;
+  if (!LadeOC3(file, d, err)) {
+    f.ui.MsgBox("Error", err, MsgIcon::Stop);
+    return false;
+  }
+  AusDokument(d);
+  f.ui.Refresh(WindowId::frmGraph3D);
+  return true;
+}
+
+bool frmGraph3D::mnuSaveOC3_Click(mdiPEQ& f) {
+  FileDialogRequest r;
+  r.save = true;
+  r.title = kOC3SpeichernTitel;
+  r.filter = kOC3Filter;
+  r.initialDir = f.s.PfadOC3;
+  r.initialFile = "*.oc3";
+  r.defaultExt = "oc3";
+  const FileDialogResult a = f.ui.FileDialog(r);
+  if (a.cancelled || a.fileTitle.empty()) return false;
+  return SpeichernAls(f, a.fileName);
+}
+
+bool frmGraph3D::mnuLoadOC3_Click(mdiPEQ& f) {
+  f.ui.MsgBox(kOC3HinweisTitel, kOC3Hinweis, MsgIcon::Information);
+  FileDialogRequest r;
+  r.title = kOC3LadenTitel;
+  r.filter = kOC3Filter;
+  r.initialDir = f.s.PfadOC3;
+  r.initialFile = "*.oc3";
+  r.defaultExt = "oc3";
+  const FileDialogResult a = f.ui.FileDialog(r);
+  if (a.cancelled || a.fileTitle.empty()) return false;
+  return LadenVon(f, a.fileName);
+}
+
 }  // namespace peq

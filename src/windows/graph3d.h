@@ -9,6 +9,7 @@
 
 #include "diagrams/curve.h"
 #include "diagrams/surface.h"
+#include "diagrams/surface_file.h"
 #include "session/session.h"
 
 namespace peq {
@@ -20,6 +21,12 @@ inline constexpr int16_t kGitter3DStandard = 40;  // grid points per axis the wi
 inline constexpr int16_t kGitter3DMin = 2;
 inline constexpr int16_t kGitter3DMax = 200;
 inline constexpr const char* kGrenzenFehler = " input was not in the valid range ";
+inline constexpr const char* kOC3SpeichernTitel = "Save this diagram design";
+inline constexpr const char* kOC3Filter = "picture file (*.oc3)|*.oc3";
+inline constexpr const char* kOC3LadenTitel = "Load a saved pattern (*.oc3)";
+inline constexpr const char* kOC3HinweisTitel = "Single Note";
+inline constexpr const char* kOC3Hinweis =
+    "Important:\nYou only should load the OC3-file into a diagram\nof the same type.";
 inline constexpr const char* kKeinSchnitt = "No point of the section could be computed.";
 
 // The view of the chart: rotation about the vertical axis and elevation in degrees, zoom in %.
@@ -61,6 +68,17 @@ struct frmGraph3D {
   // surface; false with a message box when nothing could be drawn.
   bool SchnittZeigenY(mdiPEQ& f, double y);
   bool SchnittZeigenX(mdiPEQ& f, double x2);
+
+  // The document as it would be saved, and the state from a loaded document.
+  Dokument3D Dokument() const;
+  void AusDokument(const Dokument3D& d);
+  // mnuSaveOC3, mnuLoadOC3: through the save and open dialogs; a failure shows "Error" with the
+  // reason and leaves the file (or the window) as it was. false when nothing was saved or loaded.
+  bool mnuSaveOC3_Click(mdiPEQ& f);
+  bool mnuLoadOC3_Click(mdiPEQ& f);
+  // The same with the file given.
+  bool SpeichernAls(mdiPEQ& f, const std::string& file);
+  bool LadenVon(mdiPEQ& f, const std::string& file);
 };
 
 // The 2D diagram number that shows a section of the surface at a fixed T or p.
