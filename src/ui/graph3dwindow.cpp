@@ -132,6 +132,10 @@ Graph3DWindow::Graph3DWindow(peq::mdiPEQ& f, peq::frmGraph3D& g, QWidget* parent
   auto* clip = Knopf(QStringLiteral("to the Clipboard"), QStringLiteral("mnuBildClipboard"), this);
   zeile->addWidget(bild);
   zeile->addWidget(clip);
+  auto* speichern = Knopf(QStringLiteral("Save diagram"), QStringLiteral("mnuSaveOC3"), this);
+  auto* laden = Knopf(QStringLiteral("Load diagram"), QStringLiteral("mnuLoadOC3"), this);
+  zeile->addWidget(speichern);
+  zeile->addWidget(laden);
   lblStatus_ = new QLabel(this);
   lblStatus_->setObjectName(QStringLiteral("lblStatus"));
 
@@ -158,6 +162,8 @@ Graph3DWindow::Graph3DWindow(peq::mdiPEQ& f, peq::frmGraph3D& g, QWidget* parent
   connect(cmdSchnittX_, &QPushButton::clicked, this, [this] { Schnitt(false); });
   connect(bild, &QPushButton::clicked, this, [this] { BildDatei(); });
   connect(clip, &QPushButton::clicked, this, [this] { BildInZwischenablage(); });
+  connect(speichern, &QPushButton::clicked, this, [this] { Do([this] { g_.mnuSaveOC3_Click(f_); }); });
+  connect(laden, &QPushButton::clicked, this, [this] { Do([this] { g_.mnuLoadOC3_Click(f_); }); });
   // The view as the user turns and zooms it, kept in the state.
   connect(graph_->scene()->activeCamera(), &Q3DCamera::xRotationChanged, this,
           [this](float r) { g_.Ansicht.Drehung = r; });

@@ -102,6 +102,21 @@ TEST_F(Graph3DUi, SurfaceItemsOpenTheWindowOrAreRefusedWithTheBox) {
   EXPECT_TRUE(F().Graph3D.Gezeichnet);
   EXPECT_EQ(w->GezeigteZeilen(), 12);
   EXPECT_EQ(w->GezeigteSpalten(), 12);
+  // Saved as *.oc3 and loaded back into the window.
+  const float z = F().Graph3D.ResFeld(4, 4);
+  NextFile(ProgFile("S.oc3"));
+  QTest::mouseClick(w->findChild<QPushButton*>(QStringLiteral("mnuSaveOC3")), Qt::LeftButton);
+  QApplication::processEvents();
+  ASSERT_TRUE(QFile::exists(ProgFile("S.oc3")));
+  F().Graph3D.ResFeld(4, 4) = 0;
+  answer.boxes.clear();
+  NextFile(ProgFile("S.oc3"));
+  QTest::mouseClick(w->findChild<QPushButton*>(QStringLiteral("mnuLoadOC3")), Qt::LeftButton);
+  QApplication::processEvents();
+  ASSERT_FALSE(answer.boxes.empty());
+  EXPECT_EQ(answer.boxes[0].title, QStringLiteral("Single Note"));
+  EXPECT_EQ(F().Graph3D.ResFeld(4, 4), z);
+  EXPECT_EQ(w->GezeigteZeilen(), 12);
 }
 
 class Graph3DSmoke : public Graph3DUi {};
