@@ -1,13 +1,15 @@
 // The curve tracer: one whole p-x (NoDia 1) and T-x (4) diagram of ethanol/water with 600 points
 // per curve, for NRTL + ideal gas, Modified UNIFAC + virial equation and Peng-Robinson with the
 // van der Waals rule; and the gE curves of the first and second composition derivative (111,
-// 112) with NRTL. One iteration is one CalcCurve call (the mixing-gap search included).
+// 112) with NRTL. One iteration is one CalcCurve call (the mixing-gap search included). At the end
+// the 3D surface p = Fu(x2, T) on a 100 x 100 grid for the same three model cases.
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
 #include <string>
 
 #include "diagrams/curve.h"
+#include "diagrams/surface.h"
 #include "models/eos_pure.h"
 #include "models/virial.h"
 #include "session/session.h"
@@ -136,3 +138,31 @@ BENCHMARK_CAPTURE(BM_CalcCurve, Tx_ModUNIFAC_virial, Kind::ModUnifacVirial, int1
 BENCHMARK_CAPTURE(BM_CalcCurve, Tx_PR_vdW, Kind::PRvdW, int16_t{4})->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(BM_CalcCurve, gE_1st_deriv_NRTL, Kind::NRTLIdeal, int16_t{111})->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(BM_CalcCurve, gE_2nd_deriv_NRTL, Kind::NRTLIdeal, int16_t{112})->Unit(benchmark::kMillisecond);
+
+namespace {
+
+// The 3D surface p = Fu(x2(L), T) of ethanol/water on a 100 x 100 grid, x2 0..1 and t 20..100 °C:
+// one iteration is one Calc_3DArray call (10 000 bubble pressures).
+void BM_Calc3DArray(benchmark::State& state, Kind kind) {
+  peq::Session s = Pair(kind);
+  s.TOffsetOut = 273.15;
+  peq::Grenzen3D g;
+  g.XMin = 0;
+  g.XMax = 1;
+  g.YMin = 20;
+  g.YMax = 100;
+  peq::Feld3D f;
+  int holes = 0;
+  for (auto _ : state) {
+    holes = peq::Calc_3DArray(s, 0, 100, 100, f, g, false);
+    benchmark::DoNotOptimize(f(1, 1));
+  }
+  state.counters["holes"] = holes;
+  if (holes != 0) state.SkipWithError("the surface has holes");
+}
+
+}  // namespace
+
+BENCHMARK_CAPTURE(BM_Calc3DArray, px_100x100_NRTL_ideal_gas, Kind::NRTLIdeal)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(BM_Calc3DArray, px_100x100_ModUNIFAC_virial, Kind::ModUnifacVirial)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(BM_Calc3DArray, px_100x100_PR_vdW, Kind::PRvdW)->Unit(benchmark::kMillisecond);

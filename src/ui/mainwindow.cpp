@@ -34,6 +34,7 @@
 #include "ui/geinputdialog.h"
 #include "ui/graph2dwindow.h"
 #include "ui/graphcalcdialog.h"
+#include "ui/graph3dwindow.h"
 #include "ui/kijinputdialog.h"
 #include "ui/optionsdialog.h"
 #include "ui/qtconvert.h"
@@ -421,6 +422,7 @@ bool MainWindow::Provides(WindowId id) {
     case WindowId::frmHelp:
     case WindowId::frmTpxInput:
     case WindowId::frmGraph2D:
+    case WindowId::frmGraph3D:
     case WindowId::frmCalcInput:
     case WindowId::frmCalcOut:
     case WindowId::frmAEdit:
@@ -522,6 +524,7 @@ void MainWindow::ShowWindow(WindowId id) {
     case WindowId::frmOptions: w = new OptionsDialog(frame_, parent); break;
     case WindowId::frmTip: w = new TipDialog(frame_, parent); break;
     case WindowId::frmGraph2D: w = new Graph2DWindow(frame_, frame_.Graph2D, parent); break;
+    case WindowId::frmGraph3D: w = new Graph3DWindow(frame_, frame_.Graph3D, parent); break;
     case WindowId::frmCalcInput: w = new CalcInputDialog(frame_, parent); break;
     case WindowId::frmCalcOut: w = new CalcOutDialog(frame_, parent); break;
     case WindowId::frmAEdit: w = new AEditDialog(frame_, parent); break;

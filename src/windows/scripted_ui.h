@@ -9,6 +9,7 @@
 #include <map>
 #include <optional>
 #include <set>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -35,6 +36,9 @@ class ScriptedUi : public Ui {
   bool settingsWritable = true;
   std::string numberText = "0.75";
   std::set<WindowId> notProvided;
+  // Windows whose view cannot be created: ShowWindow throws, as the Qt layer does when the 3D
+  // chart has no OpenGL.
+  std::set<WindowId> failShow;
 
   // ---- records ----
   std::vector<Box> boxes;
@@ -66,7 +70,10 @@ class ScriptedUi : public Ui {
                    const std::string& value) override;
   std::string SystemNumberText(double v) override;
   bool Provides(WindowId id) override { return notProvided.count(id) == 0; }
-  void ShowWindow(WindowId id) override { shown.push_back(id); }
+  void ShowWindow(WindowId id) override {
+    if (failShow.count(id) != 0) throw std::runtime_error("the window could not be created");
+    shown.push_back(id);
+  }
   bool RunModal(WindowId id) override;
   void UnloadWindow(WindowId id) override { unloaded.push_back(id); }
   void Refresh(WindowId id) override { refreshed.push_back(id); }

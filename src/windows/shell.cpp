@@ -745,9 +745,12 @@ void mdiPEQ::mnu3DSub_Click(int index) {
     NichtVerfuegbar(WindowId::frmGraph3D);
     return;
   }
+  if (!Graph3D.Form_Load(*this)) return;
   try {
     Show(WindowId::frmGraph3D);
   } catch (const std::exception&) {
+    // The window layer could not create the 3D chart (no OpenGL): the command ends here.
+    loaded_[static_cast<std::size_t>(WindowId::frmGraph3D)] = false;
     ShowBox(kTitleNotPossible, std::string(k3DModulFehler) + kNL + kModulRegistrieren, MsgIcon::Stop);
   }
 }

@@ -22,6 +22,7 @@
 #include "windows/thielemccabe.h"
 #include "windows/distprotokoll.h"
 #include "windows/graphcalc.h"
+#include "windows/graph3d.h"
 #include "windows/kijinput.h"
 #include "windows/options.h"
 #include "windows/stoffwahl.h"
@@ -108,6 +109,7 @@ class mdiPEQ {
   frmThieleMcCabe Thiele;
   frmDistProtokoll DistProtokoll;
   frmGraphCalc GraphCalc;
+  frmGraph3D Graph3D;
 
   // Hooks of parts the frame hands over to (diagram calculation, result record, experimental
   // points). Empty: the frame goes on without them.
