@@ -11,7 +11,7 @@ namespace peq {
 
 namespace {
 
-using nlohmann::json;
+using json = nlohmann::ordered_json;
 
 constexpr std::size_t kMaxDateiGroesse = 64u << 20;  // a 200 x 200 grid is far below this
 
@@ -39,10 +39,7 @@ bool Zahl(const json& o, const char* key, float& v) {
 }  // namespace
 
 std::string Dokument3DText(const Dokument3D& d) {
-  json j;
-  j["format"] = kDiagrammFormat;
-  j["version"] = kDiagrammVersion;
-  j["kind"] = "3d";
+  json j = DiagrammHuelle("3d");
   j["nodia3"] = d.Aufbau.NoDia3;
   j["titles"] = {{"title", d.Aufbau.Titel}, {"x", d.Aufbau.XAchse}, {"y", d.Aufbau.YAchse}, {"z", d.Aufbau.ZAchse}};
   j["boundLabels"] = json(d.Aufbau.GrenzText);
@@ -70,29 +67,8 @@ std::string Dokument3DText(const Dokument3D& d) {
 }
 
 bool Dokument3DLesen(const std::string& text, Dokument3D& d, std::string& err) {
-  const json j = json::parse(text, nullptr, false);
-  if (j.is_discarded() || !j.is_object()) {
-    err = "The file is not a diagram file.";
-    return false;
-  }
-  std::string format, kind;
-  if (!Text(j, "format", format) || format != kDiagrammFormat) {
-    err = "The file is not a diagram file.";
-    return false;
-  }
-  const auto ver = j.find("version");
-  if (ver == j.end() || !ver->is_number_integer() || ver->get<long long>() < 1) {
-    err = "The diagram file carries no valid version.";
-    return false;
-  }
-  if (ver->get<long long>() > kDiagrammVersion) {
-    err = "The diagram file was written by a newer version of the program.";
-    return false;
-  }
-  if (!Text(j, "kind", kind) || kind != "3d") {
-    err = "The file holds no 3D diagram.";
-    return false;
-  }
+  json j;
+  if (!LiesDiagrammHuelle(text, "3d", j, err)) return false;
   Dokument3D n;
   const auto nd = j.find("nodia3");
   if (nd == j.end() || !nd->is_number_integer() || nd->get<long long>() < 0 ||

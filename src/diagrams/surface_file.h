@@ -6,12 +6,10 @@
 
 #include <string>
 
+#include "diagrams/diagram_file_envelope.h"
 #include "diagrams/surface.h"
 
 namespace peq {
-
-inline constexpr const char* kDiagrammFormat = "PEQ diagram";
-inline constexpr int kDiagrammVersion = 1;
 
 struct Dokument3D {
   Graph3D Aufbau;      // NoDia3, titles, axis texts, bound labels

@@ -95,7 +95,7 @@ TEST(SurfaceFile, DamagedDocumentsAreRefusedAndChangeNothing) {
   refused(good.substr(0, good.size() / 2), "cut in half");
   refused(replaced("\"PEQ diagram\"", "\"other\""), "format");
   refused(replaced("\"kind\": \"3d\"", "\"kind\": \"2d\""), "a 2D diagram");
-  refused(replaced("\"version\": 1", "\"version\": 2"), "newer version");
+  refused(replaced("\"version\": 1", "\"version\": 2"), "version 2");
   refused(replaced("\"version\": 1", "\"version\": \"1\""), "version as text");
   refused(replaced("\"nodia3\": 0", "\"nodia3\": 8"), "unknown surface");
   refused(replaced("\"nx\": 3", "\"nx\": 4"), "rows shorter than nx");

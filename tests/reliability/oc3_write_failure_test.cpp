@@ -103,7 +103,7 @@ TEST_F(OC3Write, LoadingADamagedFileShowsTheReasonAndKeepsTheWindow) {
   const float z = e.f.Graph3D.ResFeld(3, 3);
   EXPECT_FALSE(e.f.Graph3D.LadenVon(e.f, file));  // the old file is no diagram document
   EXPECT_EQ(e.ui.Last().title, "Error");
-  EXPECT_EQ(e.ui.Last().text, "The file is not a diagram file.");
+  EXPECT_EQ(e.ui.Last().text, peq::kKeinDiagramm);
   EXPECT_EQ(e.f.Graph3D.ResFeld(3, 3), z);
   // Through the menu: the note first, then the open dialog.
   e.ui.boxes.clear();
