@@ -19,9 +19,11 @@
 #include "windows/geinput.h"
 #include "windows/graph2d.h"
 #include "windows/kijinput.h"
+#include "windows/manuinput.h"
 #include "windows/options.h"
 #include "windows/stoffwahl.h"
 #include "windows/tip.h"
+#include "windows/tpxedit.h"
 #include "windows/ui.h"
 #include "windows/unifinkr.h"
 #include "windows/vmodell.h"
@@ -100,6 +102,8 @@ class mdiPEQ {
   frmCmnDlg CmnDlg;
   frmUnifInkr UnifInkr;
   frmGraph2D Graph2D;
+  frmTpxEdit TpxEdit;
+  frmManuInput ManuInput;
 
   // Hooks of parts the frame hands over to (diagram calculation, result record, experimental
   // points). Empty: the frame goes on without them.
@@ -157,6 +161,7 @@ class mdiPEQ {
   void mnuDaten_Click();
   void mnuExpInput_Click();
   void mnuExpEdit_Click();
+  void mnuEditXY_Click();
   void mnuKonsTest_Click();
   void mnuFit_Click();
   void mnuBatchDist_Click();
