@@ -8,6 +8,10 @@
 #include <QCloseEvent>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QFontDatabase>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QTextDocument>
 #include <QFrame>
 #include <QGuiApplication>
 #include <QInputDialog>
@@ -32,12 +36,14 @@
 #include "ui/geinputdialog.h"
 #include "ui/graph2dwindow.h"
 #include "ui/kijinputdialog.h"
+#include "ui/manuinputdialog.h"
 #include "ui/optionsdialog.h"
 #include "ui/qtconvert.h"
 #include "ui/stoffwahldialog.h"
 #include "ui/textwindows.h"
 #include "ui/titelbreite.h"
 #include "ui/tipdialog.h"
+#include "ui/tpxeditdialog.h"
 #include "ui/tpxinputdialog.h"
 #include "ui/vmodelldialog.h"
 #include "windows/mnemonic.h"
@@ -419,6 +425,8 @@ bool MainWindow::Provides(WindowId id) {
     case WindowId::frmGraph2D:
     case WindowId::frmCalcInput:
     case WindowId::frmCalcOut:
+    case WindowId::frmTpxEdit:
+    case WindowId::frmXYEdit:
       return true;
     default:
       return false;
@@ -516,6 +524,8 @@ void MainWindow::ShowWindow(WindowId id) {
     case WindowId::frmGraph2D: w = new Graph2DWindow(frame_, frame_.Graph2D, parent); break;
     case WindowId::frmCalcInput: w = new CalcInputDialog(frame_, parent); break;
     case WindowId::frmCalcOut: w = new CalcOutDialog(frame_, parent); break;
+    case WindowId::frmTpxEdit: w = new TpxEditDialog(frame_, parent); break;
+    case WindowId::frmXYEdit: w = new ManuInputDialog(frame_, parent); break;
     case WindowId::frmUnifInkr:
       w = new TextWindow(Q(frame_.UnifInkr.Text));
       title = Q(frame_.UnifInkr.Caption);
@@ -583,6 +593,22 @@ void MainWindow::FrameTitleChanged() { setWindowTitle(Q(frame_.Title())); }
 void MainWindow::StatusLine(const std::string& text) { statusBar()->showMessage(Q(text), 10000); }
 
 void MainWindow::SetClipboard(const std::string& text) { QGuiApplication::clipboard()->setText(Q(text)); }
+
+std::string MainWindow::GetClipboard() { return S(QGuiApplication::clipboard()->text()); }
+
+void MainWindow::Beep() { QApplication::beep(); }
+
+bool MainWindow::PrintText(const std::string& title, const std::string& text) {
+  QPrinter printer;
+  QPrintDialog d(&printer, this);
+  d.setWindowTitle(Q(title));
+  if (d.exec() != QDialog::Accepted) return false;
+  QTextDocument doc;
+  doc.setDefaultFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  doc.setPlainText(Q(text));
+  doc.print(&printer);
+  return true;
+}
 
 void MainWindow::WaitCursor(bool on) {
   if (on)
