@@ -503,9 +503,17 @@ void Graph2DWindow::RenderSeries() {
         if ((d.XLog && !(x > 0)) || (d.YLog && !(y > 0))) continue;
         sc->append(x, y);
       }
-      sc->setMarkerSize(8);
+      sc->setMarkerSize(s->Stil.SymGroesse > 0 ? s->Stil.SymGroesse : 8);
       sc->setColor(QColor(QRgb(0xff000000u | s->Stil.Farbe)));
-      sc->setName(Q(e.Legende));
+      // Each set its symbol; the vapour points hollow beside the filled liquid ones.
+      sc->setMarkerShape(s->Stil.Sym == peq::Symbol::Quadrat || s->Stil.Sym == peq::Symbol::Raute
+                             ? QScatterSeries::MarkerShapeRectangle
+                             : QScatterSeries::MarkerShapeCircle);
+      if (s == &e.V) {
+        sc->setColor(Qt::white);
+        sc->setBorderColor(QColor(QRgb(0xff000000u | s->Stil.Farbe)));
+      }
+      sc->setName(Q(s->Legende.empty() ? e.Legende : s->Legende));
       chart_->addSeries(sc);
       sc->attachAxis(xAxis_);
       sc->attachAxis(yAxis_);
