@@ -17,6 +17,10 @@
 #include <QtCharts/QChart>
 #include <cmath>
 #include <cstdio>
+#include <fstream>
+#include <vector>
+
+#include "expdata/tpxdaten.h"
 
 #include "ui/cmndlgdialog.h"
 #include "ui/graph2dwindow.h"
@@ -142,6 +146,45 @@ TEST_F(ExpDataUi, PasteSaveLoadAndThePointsOnThePxDiagram) {
   }
   EXPECT_EQ(gefunden, 2);  // x(L) and x(V)
   EXPECT_TRUE(g->SpeicherePng(QDir(ShotDir()).filePath(QStringLiteral("water-methanol-333K-px.png"))));
+}
+
+// 10,000 points of one isotherm: the EX5 file loaded and drawn on the p-x diagram; the time from
+// the load to the repainted chart is printed (the smoke script shows it).
+TEST_F(ExpDataUi, TenThousandPointsLoadedAndDrawn) {
+  WaterMethanol();
+  std::vector<peq::ExpPunkt> p(10000);
+  for (int i = 0; i < 10000; ++i) {
+    const float x = static_cast<float>(i) / 10000.0f;
+    p[static_cast<std::size_t>(i)] = peq::ExpPunkt{0, 333.15f, 20.0f + 60.0f * x, x, x * (2.0f - x)};
+  }
+  const std::string file = ProgFile("BIG.EX5").toStdString();
+  {
+    std::ofstream out(file, std::ios::binary);
+    out << peq::Ex5Text("7732-18-5", "Water", "67-56-1", "Methanol", "10000 points", "", p.data(), 10000);
+  }
+  peq::Session& s = win->Sess();
+  s.NoDia = 1;
+  s.IsoArt = 1;
+  s.TIso = 333.15;
+  s.PIso = 101.325;
+  s.SofortZeichnen = true;
+  F().DiagrammRechnen();
+  QApplication::processEvents();
+  auto* g = Window<pequi::Graph2DWindow>(WindowId::frmGraph2D);
+  ASSERT_NE(g, nullptr);
+  QElapsedTimer t;
+  t.start();
+  ASSERT_TRUE(peq::ExpDateiLaden(s, false, file, nullptr, nullptr));
+  const qint64 geladen = t.elapsed();
+  g->findChild<QAction*>(QStringLiteral("zeigeExpPunkte"))->trigger();
+  g->View()->viewport()->repaint();
+  const qint64 ms = t.elapsed();
+  std::printf("10000 experimental points: loaded in %lld ms, loaded and drawn in %lld ms\n",
+              static_cast<long long>(geladen), static_cast<long long>(ms));
+  int gross = 0;
+  for (QAbstractSeries* a : g->Chart()->series())
+    if (auto* sc = qobject_cast<QScatterSeries*>(a); sc && sc->count() == 10000) ++gross;
+  EXPECT_EQ(gross, 2);
 }
 
 }  // namespace
