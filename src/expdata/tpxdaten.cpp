@@ -135,6 +135,10 @@ std::string Ex5Text(const Session& s) {
                  s.ExpKommentar2, n > 0 ? &s.ExpPunkte[1] : nullptr, std::max(n, 0));
 }
 
+int ExpGehalten(const Session& s) {
+  return std::clamp<int>(s.ExpAnz, 0, std::max(static_cast<int>(s.ExpPunkte.size()) - 1, 0));
+}
+
 void ExpLoeschen(Session& s) {
   s.ExpAnz = 0;
   s.ExpDatei.clear();
@@ -296,7 +300,7 @@ int ExpEinfuegen(Session& s, std::string_view text, int r0, int c0) {
 }
 
 bool ExpZelleSetzen(Session& s, int i, int c, std::string_view text) {
-  if (i < 1 || i > s.ExpAnz || static_cast<std::size_t>(i) >= s.ExpPunkte.size()) return false;
+  if (i < 1 || i > ExpGehalten(s)) return false;
   ExpPunkt& p = s.ExpPunkte[static_cast<std::size_t>(i)];
   const float v = ExpZellWert(text);
   switch (c) {
@@ -392,7 +396,7 @@ TpxUebernahme OKinput(Session& s, const std::array<std::string, 4>& felder, cons
     u.Punkt.Inaktiv = 0;
     s.ExpPunkte[static_cast<std::size_t>(s.ExpAnz)] = u.Punkt;
   } else {
-    if (zeile < 1 || zeile > s.ExpAnz) {
+    if (zeile < 1 || zeile > ExpGehalten(s)) {
       u.ok = false;
       return u;
     }
@@ -406,9 +410,9 @@ TpxUebernahme OKinput(Session& s, const std::array<std::string, 4>& felder, cons
 
 bool ExpZeilenLoeschen(Session& s, int a, int b) {
   if (a > b) std::swap(a, b);
-  if (a < 1 || b > s.ExpAnz) return false;
+  if (a < 1 || b > ExpGehalten(s)) return false;
   const int weg = b - a + 1;
-  for (int i = b + 1; i <= s.ExpAnz; ++i)
+  for (int i = b + 1; i <= ExpGehalten(s); ++i)
     s.ExpPunkte[static_cast<std::size_t>(i - weg)] = s.ExpPunkte[static_cast<std::size_t>(i)];
   s.ExpAnz = static_cast<int16_t>(s.ExpAnz - weg);
   s.ExpUngespeichert = true;
@@ -417,7 +421,7 @@ bool ExpZeilenLoeschen(Session& s, int a, int b) {
 
 void ExpAktivUmschalten(Session& s, int a, int b) {
   if (a > b) std::swap(a, b);
-  for (int i = std::max(a, 1); i <= std::min<int>(b, s.ExpAnz); ++i) {
+  for (int i = std::max(a, 1); i <= std::min(b, ExpGehalten(s)); ++i) {
     ExpPunkt& p = s.ExpPunkte[static_cast<std::size_t>(i)];
     p.Inaktiv = p.Inaktiv == 0 ? -1 : 0;
   }

@@ -51,6 +51,9 @@ std::string Ex5Text(const std::string& cas1, const std::string& name1, const std
 // The session's points 1..ExpAnz with the names and CAS-RN of its components 1 and 2.
 std::string Ex5Text(const Session& s);
 
+// The points 1..n that the array really holds: ExpAnz, or less when the array is shorter.
+int ExpGehalten(const Session& s);
+
 // ExpLoeschen: ExpAnz 0, ExpDatei and ExpTitel empty. The array keeps its size.
 void ExpLoeschen(Session& s);
 

@@ -38,12 +38,13 @@ std::array<std::string, 5> frmTpxEdit::Koepfe() { return {"No.", "T/K", "p/kPa",
 
 std::vector<std::array<std::string, 5>> frmTpxEdit::Zeilen(const Session& s) {
   std::vector<std::array<std::string, 5>> z;
-  if (s.ExpAnz <= 0) {
+  const int n = ExpGehalten(s);
+  if (n <= 0) {
     z.push_back({kTpxLeer, "", "", "", ""});
     return z;
   }
-  z.reserve(static_cast<std::size_t>(s.ExpAnz));
-  for (int i = 1; i <= s.ExpAnz; ++i) {
+  z.reserve(static_cast<std::size_t>(n));
+  for (int i = 1; i <= n; ++i) {
     const ExpPunkt& p = s.ExpPunkte[static_cast<std::size_t>(i)];
     const std::string nr = p.Inaktiv != 0 ? "(" + std::to_string(i) + ")" : std::to_string(i);
     z.push_back({nr, Zahl(p.T), Zahl(p.p), Zahl(p.x2L), Zahl(p.x2V)});
@@ -68,7 +69,7 @@ void frmTpxEdit::ZeileZeigen(const Session& s) {
     ZeileText = "Line " + std::to_string(z);
   }
   EditBox.clear();
-  if (MarkA >= 1 && MarkA <= n) {
+  if (MarkA >= 1 && MarkA <= ExpGehalten(s)) {
     const auto zeilen = Zeilen(s);
     const auto& r = zeilen[static_cast<std::size_t>(MarkA - 1)];
     EditBox = r[0] + "\t" + r[1] + "\t" + r[2] + "\t" + r[3] + "\t" + r[4];
@@ -83,7 +84,7 @@ void frmTpxEdit::Markieren(int a, int b) {
 void frmTpxEdit::Grid_Click(const Session& s, int zeile, int spalte) {
   Markieren(zeile, zeile);
   MarkSpalte = std::clamp(spalte, 1, 4);
-  if (zeile >= 1 && zeile <= s.ExpAnz) y = TpxAnzeige(s.ExpPunkte[static_cast<std::size_t>(zeile)], Einheiten);
+  if (zeile >= 1 && zeile <= ExpGehalten(s)) y = TpxAnzeige(s.ExpPunkte[static_cast<std::size_t>(zeile)], Einheiten);
   ZeileZeigen(s);
 }
 
@@ -227,7 +228,7 @@ std::string frmTpxEdit::DruckText(const Session& s) {
   char buf[96];
   std::snprintf(buf, sizeof buf, "%5s %12s %12s %10s %10s\n", "", "T/K", "p/kPa", "xL(2)", "xV(2)");
   out += buf;
-  for (int i = 1; i <= s.ExpAnz; ++i) {
+  for (int i = 1; i <= ExpGehalten(s); ++i) {
     const ExpPunkt& p = s.ExpPunkte[static_cast<std::size_t>(i)];
     std::snprintf(buf, sizeof buf, "%5d %12s %12s %10s %10s%s\n", i, FormatZahl(p.T, "0.00").c_str(),
                   FormatZahl(p.p, "0.000").c_str(), FormatZahl(p.x2L, "0.0000").c_str(),
