@@ -110,6 +110,13 @@ TEST_F(ExpDataUi, PasteSaveLoadAndThePointsOnThePxDiagram) {
   ASSERT_EQ(win->Sess().ExpAnz, 18);
   EXPECT_EQ(d->Grid()->rowCount(), 18);
   EXPECT_TRUE(d->windowTitle().startsWith(QStringLiteral("File: WATER_METHANOL_333K.EX5")));
+  // The data window as it stands, for the eye.
+  if (QMdiSubWindow* sub = win->SubOf(WindowId::frmTpxEdit)) {
+    win->resize(1240, 800);
+    sub->resize(960, 560);
+  }
+  QApplication::processEvents();
+  EXPECT_TRUE(d->grab().save(QDir(ShotDir()).filePath(QStringLiteral("tpx-data-window.png"))));
 
   // The p-x diagram at 333.15 K, and the points on it.
   peq::Session& s = win->Sess();
