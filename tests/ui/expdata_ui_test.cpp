@@ -161,7 +161,7 @@ TEST_F(ExpDataUi, TenThousandPointsLoadedAndDrawn) {
   WaterMethanol();
   std::vector<peq::ExpPunkt> p(10000);
   for (int i = 0; i < 10000; ++i) {
-    const float x = static_cast<float>(i) / 10000.0f;
+    const float x = static_cast<float>(i + 1) / 10001.0f;  // x(V) never 0: every row draws both points
     p[static_cast<std::size_t>(i)] = peq::ExpPunkt{0, 333.15f, 20.0f + 60.0f * x, x, x * (2.0f - x)};
   }
   const std::string file = ProgFile("BIG.EX5").toStdString();
