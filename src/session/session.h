@@ -56,6 +56,16 @@ using ParWagner = ParSlots<11>;
 using ParDensity = ParSlots<9>;
 using ParEnthalpy = ParSlots<9>;
 
+// One experimental T-p-x(L)-x(V) point, always in K, kPa and component 2.
+struct ExpPunkt {
+  int32_t Inaktiv = 0;  // 0 active; non-zero excluded from drawing and fitting
+  float T = 0;          // K
+  float p = 0;          // kPa
+  float x2L = 0;        // liquid mole fraction of component 2
+  float x2V = 0;        // vapour mole fraction of component 2, 0 when not measured
+  bool operator==(const ExpPunkt&) const = default;
+};
+
 struct Session {
   // Counts and identity.
   int16_t NKomp = 0;
@@ -240,6 +250,12 @@ struct Session {
   int16_t ExpAnz = 0;           // number of experimental T-p-x points held
   std::string ExpDatei;         // the EX5 file they came from
   bool ExpUngespeichert = false;  // entered or changed and not yet saved
+  Vec<ExpPunkt> ExpPunkte;      // 1..ExpAnz (slot 0 unused); may hold more than ExpAnz
+  std::string ExpKommentar1, ExpKommentar2;
+  std::string ExpTitel;         // the two names of the loaded file, empty when none
+  bool ExpNeuEingabe = false;   // the data window was opened for new input
+  int16_t XYAnz = 0;            // lines of the XY editor's list
+  std::string XYDatei;          // its file
   bool KonsTestAktiv = false;   // the consistency test owns the fitting window
   std::string ProtokollDatei;   // result record of this session (full path)
   bool ProtokollAktiv = false;  // the record is being kept

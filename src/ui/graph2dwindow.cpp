@@ -376,6 +376,36 @@ Graph2DWindow::Graph2DWindow(peq::mdiPEQ& f, peq::frmGraph2D& g, QWidget* parent
   connect(clip, &QAction::triggered, this, [this] { BildInZwischenablage(); });
   connect(datei, &QAction::triggered, this, [this] { BildDatei(); });
   connect(alle, &QAction::triggered, this, [this] { Do([this] { g_.mnuDelTotal_Click(f_); }); });
+  // Experimental points and the XY editor in one menu button.
+  auto* mnuExp = Knopf(QStringLiteral("&Data"), QStringLiteral("mnuExp"), this);
+  auto* expMenu = new QMenu(mnuExp);
+  QAction* zeige = expMenu->addAction(QStringLiteral("Show experimental T-p-x points"));
+  zeige->setObjectName(QStringLiteral("zeigeExpPunkte"));
+  QAction* manuPunkte = expMenu->addAction(QStringLiteral("Points from the XY editor"));
+  manuPunkte->setObjectName(QStringLiteral("cmdManuPoints"));
+  QAction* manuKurve = expMenu->addAction(QStringLiteral("Curve from the XY editor"));
+  manuKurve->setObjectName(QStringLiteral("cmdManuKurve"));
+  QAction* manuXY = expMenu->addAction(QStringLiteral("XY editor"));
+  manuXY->setObjectName(QStringLiteral("mnuManuXY"));
+  QAction* alsXY = expMenu->addAction(QStringLiteral("Save curve as *.XY"));
+  alsXY->setObjectName(QStringLiteral("cmdSaveCurveAsXY"));
+  mnuExp->setMenu(expMenu);
+  mnuExp->setMinimumWidth(mnuExp->sizeHint().width() + 12);
+  knoepfe->insertWidget(knoepfe->count() - 1, mnuExp);
+  connect(zeige, &QAction::triggered, this, [this] { Do([this] { g_.zeigeExpPunkte_Click(f_); }); });
+  connect(manuPunkte, &QAction::triggered, this, [this] { g_.cmdManuPoints_Click(f_); });
+  connect(manuKurve, &QAction::triggered, this, [this] { g_.cmdManuKurve_Click(f_); });
+  connect(manuXY, &QAction::triggered, this, [this] { g_.mnuManuXY_Click(f_); });
+  connect(alsXY, &QAction::triggered, this, [this] {
+    int slot = g_.Doc.AktKurve;
+    if (g_.Doc.AnzKurven > 1) {
+      bool ok = false;
+      slot = QInputDialog::getInt(this, QStringLiteral("Save curve as *.XY"), QStringLiteral("number of the curve"),
+                                  slot, 1, peq::kMaxKurven, 1, &ok);
+      if (!ok) return;
+    }
+    g_.cmdSaveCurveAsXY_Click(f_, slot);
+  });
   connect(chart_, &QChart::plotAreaChanged, this, [this] { RenderLabels(); });
 
   BuildSeries();
@@ -520,9 +550,17 @@ void Graph2DWindow::RenderSeries() {
         if ((d.XLog && !(x > 0)) || (d.YLog && !(y > 0))) continue;
         sc->append(x, y);
       }
-      sc->setMarkerSize(8);
+      sc->setMarkerSize(s->Stil.SymGroesse > 0 ? s->Stil.SymGroesse : 8);
       sc->setColor(QColor(QRgb(0xff000000u | s->Stil.Farbe)));
-      sc->setName(Q(e.Legende));
+      // Each set its symbol; the vapour points hollow beside the filled liquid ones.
+      sc->setMarkerShape(s->Stil.Sym == peq::Symbol::Quadrat || s->Stil.Sym == peq::Symbol::Raute
+                             ? QScatterSeries::MarkerShapeRectangle
+                             : QScatterSeries::MarkerShapeCircle);
+      if (s == &e.V) {
+        sc->setColor(Qt::white);
+        sc->setBorderColor(QColor(QRgb(0xff000000u | s->Stil.Farbe)));
+      }
+      sc->setName(Q(s->Legende.empty() ? e.Legende : s->Legende));
       chart_->addSeries(sc);
       sc->attachAxis(xAxis_);
       sc->attachAxis(yAxis_);

@@ -8,6 +8,10 @@
 #include <QCloseEvent>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QFontDatabase>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QTextDocument>
 #include <QFrame>
 #include <QGuiApplication>
 #include <QInputDialog>
@@ -36,6 +40,7 @@
 #include "ui/graphcalcdialog.h"
 #include "ui/graph3dwindow.h"
 #include "ui/kijinputdialog.h"
+#include "ui/manuinputdialog.h"
 #include "ui/optionsdialog.h"
 #include "ui/qtconvert.h"
 #include "ui/stoffwahldialog.h"
@@ -43,6 +48,7 @@
 #include "ui/thieledialog.h"
 #include "ui/titelbreite.h"
 #include "ui/tipdialog.h"
+#include "ui/tpxeditdialog.h"
 #include "ui/tpxinputdialog.h"
 #include "ui/vmodelldialog.h"
 #include "windows/mnemonic.h"
@@ -429,6 +435,8 @@ bool MainWindow::Provides(WindowId id) {
     case WindowId::frmThieleMcCabe:
     case WindowId::frmDistProtokoll:
     case WindowId::frmGraphCalc:
+    case WindowId::frmTpxEdit:
+    case WindowId::frmXYEdit:
       return true;
     default:
       return false;
@@ -531,6 +539,8 @@ void MainWindow::ShowWindow(WindowId id) {
     case WindowId::frmThieleMcCabe: w = new ThieleDialog(frame_, parent); break;
     case WindowId::frmDistProtokoll: w = new DistProtokollDialog(frame_, parent); break;
     case WindowId::frmGraphCalc: w = new GraphCalcDialog(frame_, parent); break;
+    case WindowId::frmTpxEdit: w = new TpxEditDialog(frame_, parent); break;
+    case WindowId::frmXYEdit: w = new ManuInputDialog(frame_, parent); break;
     case WindowId::frmUnifInkr:
       w = new TextWindow(Q(frame_.UnifInkr.Text));
       title = Q(frame_.UnifInkr.Caption);
@@ -598,6 +608,22 @@ void MainWindow::FrameTitleChanged() { setWindowTitle(Q(frame_.Title())); }
 void MainWindow::StatusLine(const std::string& text) { statusBar()->showMessage(Q(text), 10000); }
 
 void MainWindow::SetClipboard(const std::string& text) { QGuiApplication::clipboard()->setText(Q(text)); }
+
+std::string MainWindow::GetClipboard() { return S(QGuiApplication::clipboard()->text()); }
+
+void MainWindow::Beep() { QApplication::beep(); }
+
+bool MainWindow::PrintText(const std::string& title, const std::string& text) {
+  QPrinter printer;
+  QPrintDialog d(&printer, this);
+  d.setWindowTitle(Q(title));
+  if (d.exec() != QDialog::Accepted) return false;
+  QTextDocument doc;
+  doc.setDefaultFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  doc.setPlainText(Q(text));
+  doc.print(&printer);
+  return true;
+}
 
 void MainWindow::WaitCursor(bool on) {
   if (on)

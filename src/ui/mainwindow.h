@@ -67,6 +67,9 @@ class MainWindow : public QMainWindow, public peq::Ui {
   void CommandsChanged() override;
   void FrameTitleChanged() override;
   void SetClipboard(const std::string& text) override;
+  std::string GetClipboard() override;
+  void Beep() override;
+  bool PrintText(const std::string& title, const std::string& text) override;
   void StatusLine(const std::string& text) override;
   void WaitCursor(bool on) override;
   void ShowHelp(int topic) override;

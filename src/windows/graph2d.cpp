@@ -7,6 +7,9 @@
 #include "session/codepage.h"
 #include "session/numformat.h"
 #include "windows/shell.h"
+#include "diagrams/exppunkte.h"
+#include "expdata/xydaten.h"
+#include "session/filewrite.h"
 
 namespace peq {
 
@@ -343,6 +346,124 @@ void Graph2DRechnen(mdiPEQ& f, frmGraph2D& g) {
     g.cmdDraw_Click(f);
     f.ui.Refresh(WindowId::frmGraph2D);
   }
+}
+
+}  // namespace peq
+
+// ---- experimental points and the XY editor ----
+
+namespace peq {
+
+bool frmGraph2D::KurveAlsXYSpeichern(mdiPEQ& f, int slot, const std::string& datei) {
+  if (slot < 1 || slot > kSerienAnz) return false;
+  const Serie& ser = Doc.Serien[static_cast<std::size_t>(slot)];
+  if (ser.Punkte() == 0) return false;
+  Kurve k(1);
+  k.reserve(static_cast<std::size_t>(ser.Punkte()) + 1);
+  for (int i = 0; i < ser.Punkte(); ++i) {
+    const float x = ser.x[static_cast<std::size_t>(i)], y = ser.y[static_cast<std::size_t>(i)];
+    if (IstLoch(x) || IstLoch(y)) continue;
+    k.push_back(KurvenPunkt{y, x, 0});
+  }
+  k[0].x = static_cast<float>(k.size() - 1);
+  std::string err;
+  if (!WriteReplacing(datei, XYText(ser.Legende, k, f.s.ListTrenner), err)) {
+    f.ui.MsgBox(kXYFehlerTitel, err, MsgIcon::Stop);
+    return false;
+  }
+  return true;
+}
+
+bool frmGraph2D::cmdSaveCurveAsXY_Click(mdiPEQ& f, int slot) {
+  if (slot < 1 || slot > kSerienAnz || Doc.Serien[static_cast<std::size_t>(slot)].Punkte() == 0) return false;
+  FileDialogRequest req;
+  req.save = true;
+  req.title = kManuSpeichernTitel;
+  req.filter = kManuSpeichernFilter;
+  req.initialDir = f.s.PfadXY;
+  req.defaultExt = ".XY";
+  const FileDialogResult r = f.ui.FileDialog(req);
+  if (r.cancelled || r.fileTitle.empty()) return false;
+  return KurveAlsXYSpeichern(f, slot, r.fileName);
+}
+
+int frmGraph2D::zeigeExpPunkte_Click(mdiPEQ& f) {
+  bool voll = false;
+  const int n = zeigeExpPunkte(f.s, Doc, voll);
+  if (voll)
+    Status = "Maximum 12 sets of experimental points";
+  else if (n == 0)
+    Status = "No experimental points at this " + std::string(IsoArtVon(Doc.NoDia) == 2 ? "pressure" : "temperature");
+  else
+    Status = std::to_string(n) + " experimental points";
+  f.ui.Refresh(WindowId::frmGraph2D);
+  return n;
+}
+
+void frmGraph2D::cmdManuPoints_Click(mdiPEQ& f) {
+  f.mnuEditXY_Click();
+  f.ManuInput.AlsPunkte = true;
+  f.ui.Refresh(WindowId::frmXYEdit);
+}
+
+void frmGraph2D::cmdManuKurve_Click(mdiPEQ& f) {
+  f.mnuEditXY_Click();
+  f.ManuInput.AlsPunkte = false;
+  f.ui.Refresh(WindowId::frmXYEdit);
+}
+
+void frmGraph2D::mnuManuXY_Click(mdiPEQ& f) { f.mnuEditXY_Click(); }
+
+void frmGraph2D::ManuZeichnen(mdiPEQ& f, const Kurve& aktiv, bool alsPunkte, const std::string& kommentar) {
+  const int n = static_cast<int>(aktiv.size()) - 1;
+  if (n < 1) return;
+  if (!f.IsLoaded(WindowId::frmGraph2D)) {
+    // A diagram of free x-y data, its ranges from the smallest and largest values.
+    Doc = Graph2DDoc{};
+    Doc.NoDia = kNoDiaFreiXY;
+    float x0 = aktiv[1].x, x1 = x0, y0 = aktiv[1].y, y1 = y0;
+    for (int i = 2; i <= n; ++i) {
+      x0 = std::min(x0, aktiv[static_cast<std::size_t>(i)].x);
+      x1 = std::max(x1, aktiv[static_cast<std::size_t>(i)].x);
+      y0 = std::min(y0, aktiv[static_cast<std::size_t>(i)].y);
+      y1 = std::max(y1, aktiv[static_cast<std::size_t>(i)].y);
+    }
+    auto weiten = [](float& a, float& b) {
+      if (b > a) return;
+      const float d = a == 0 ? 1.0f : std::fabs(a) * 0.1f;
+      a -= d;
+      b += d;
+    };
+    weiten(x0, x1);
+    weiten(y0, y1);
+    SetzeKoordinaten(Doc, Achsenbereich{x0, x1, y0, y1});
+    Doc.Titel = kommentar.empty() ? std::string(kManuPunkteTitel) : kommentar;
+    Doc.XTitel = kManuPunkteXTitel;
+    Doc.YTitel = "y";
+    Caption = kGraph2DCaption;
+    cmdTauschEnabled = false;
+    f.Show(WindowId::frmGraph2D);
+  }
+  if (alsPunkte) {
+    ExpSatz satz;
+    for (int i = 1; i <= n; ++i) {
+      satz.L.x.push_back(aktiv[static_cast<std::size_t>(i)].x);
+      satz.L.y.push_back(aktiv[static_cast<std::size_t>(i)].y);
+    }
+    const int k = static_cast<int>(Doc.ExpSaetze.size());
+    satz.L.Stil = ExpStil(k, false);
+    satz.Legende = kommentar.empty() ? std::string("x-y points") : kommentar;
+    satz.L.Legende = satz.Legende;
+    if (!NeuerExpSatz(Doc, std::move(satz))) Status = "Maximum 12 sets of experimental points";
+  } else {
+    int16_t slot = 0;
+    bool fehler = false;
+    MsgSink msgs;
+    DrawCurve(Doc, aktiv, slot, fehler, &msgs);
+    ShowMessages(f.ui, msgs);
+    if (!fehler && slot > 0) Doc.Serien[static_cast<std::size_t>(slot)].Legende = kommentar;
+  }
+  f.ui.Refresh(WindowId::frmGraph2D);
 }
 
 }  // namespace peq

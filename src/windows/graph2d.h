@@ -108,6 +108,21 @@ struct frmGraph2D {
   // operating lines, the labels "Top", "Feed", "Bottom" and the plate steps on series 28. The
   // counts and XEnde go to d.
   void cmdDest_Click(mdiPEQ& f, ThieleDaten& d);
+  // cmdSaveCurveAsXY: one curve (slot) to an XY file through the save dialog, with the
+  // delimiter ListTrenner and its legend as the comment. false when nothing was written.
+  bool cmdSaveCurveAsXY_Click(mdiPEQ& f, int slot);
+  bool KurveAlsXYSpeichern(mdiPEQ& f, int slot, const std::string& datei);
+  // zeigeExpPunkte: the session's experimental points as a set of this diagram. Returns the
+  // rows drawn; a diagram without fitting rows or with 12 sets says so in the status.
+  int zeigeExpPunkte_Click(mdiPEQ& f);
+  // The XY editor from the diagram: cmdManuPoints with "as points", cmdManuKurve with "as
+  // curve", mnuManuXY as it stands.
+  void cmdManuPoints_Click(mdiPEQ& f);
+  void cmdManuKurve_Click(mdiPEQ& f);
+  void mnuManuXY_Click(mdiPEQ& f);
+  // The active lines of the XY editor onto this diagram (opened on free x-y data when no diagram
+  // is open): as a set of points or as a curve through DrawCurve.
+  void ManuZeichnen(mdiPEQ& f, const Kurve& aktiv, bool alsPunkte, const std::string& kommentar);
 
  private:
   void KoordinatenInSession(Session& s) const;

@@ -80,6 +80,14 @@ class ScriptedUi : public Ui {
   void CommandsChanged() override { ++commandsChanged; }
   void FrameTitleChanged() override { ++titleChanged; }
   void SetClipboard(const std::string& text) override { clipboard = text; }
+  std::string GetClipboard() override { return clipboard; }
+  void Beep() override { ++beeps; }
+  bool PrintText(const std::string& title, const std::string& text) override {
+    printed.push_back(title + "\n" + text);
+    return true;
+  }
+  int beeps = 0;
+  std::vector<std::string> printed;
   void WaitCursor(bool on) override { waitCursorOn += on ? 1 : -1; }
   void StatusLine(const std::string& text) override { statusLines.push_back(text); }
   void ShowHelp(int topic) override { helpTopics.push_back(topic); }

@@ -365,7 +365,7 @@ void mdiPEQ::Run(CmdId id) {
     case Action::BatchStatus: mnuBatchStatus_Click(); break;
     case Action::ExpInput: mnuExpInput_Click(); break;
     case Action::ExpEdit: mnuExpEdit_Click(); break;
-    case Action::EditXY: Show(WindowId::frmXYEdit); break;
+    case Action::EditXY: mnuEditXY_Click(); break;
     case Action::Fit: mnuFit_Click(); break;
     case Action::KonsTest: mnuKonsTest_Click(); break;
     case Action::SubEdit: mnuSubEdit_Click(id.index); break;
@@ -631,6 +631,8 @@ void mdiPEQ::mnuExpInput_Click() {
   NeuEingabe = true;
   s.ExpAnz = 0;
   s.ExpUngespeichert = true;
+  ExpLoeschen(s);
+  TpxEdit.Form_Load(*this);
   Show(WindowId::frmTpxEdit);
 }
 
@@ -639,7 +641,13 @@ void mdiPEQ::mnuExpEdit_Click() {
   NeuEingabe = false;
   const std::size_t sep = s.ExpDatei.find_first_of("\\/");
   TpxEditTitel = (sep == std::string::npos ? s.ExpDatei : s.ExpDatei.substr(sep + 1)) + " " + "Edit data ";
+  TpxEdit.Form_Load(*this);
   Show(WindowId::frmTpxEdit);
+}
+
+void mdiPEQ::mnuEditXY_Click() {
+  if (!IsLoaded(WindowId::frmXYEdit)) ManuInput.Form_Load(*this);
+  Show(WindowId::frmXYEdit);
 }
 
 void mdiPEQ::mnuKonsTest_Click() {

@@ -24,9 +24,11 @@
 #include "windows/graphcalc.h"
 #include "windows/graph3d.h"
 #include "windows/kijinput.h"
+#include "windows/manuinput.h"
 #include "windows/options.h"
 #include "windows/stoffwahl.h"
 #include "windows/tip.h"
+#include "windows/tpxedit.h"
 #include "windows/ui.h"
 #include "windows/unifinkr.h"
 #include "windows/vmodell.h"
@@ -110,6 +112,8 @@ class mdiPEQ {
   frmDistProtokoll DistProtokoll;
   frmGraphCalc GraphCalc;
   frmGraph3D Graph3D;
+  frmTpxEdit TpxEdit;
+  frmManuInput ManuInput;
 
   // Hooks of parts the frame hands over to (diagram calculation, result record, experimental
   // points). Empty: the frame goes on without them.
@@ -167,6 +171,7 @@ class mdiPEQ {
   void mnuDaten_Click();
   void mnuExpInput_Click();
   void mnuExpEdit_Click();
+  void mnuEditXY_Click();
   void mnuKonsTest_Click();
   void mnuFit_Click();
   void mnuBatchDist_Click();

@@ -102,6 +102,16 @@ class Ui {
   virtual void FrameTitleChanged() = 0;
 
   virtual void SetClipboard(const std::string& text) = 0;
+  // The text on the clipboard; empty when it holds none.
+  virtual std::string GetClipboard() { return {}; }
+  // The short warning sound of a key or an input that is refused.
+  virtual void Beep() {}
+  // Prints a text in a fixed font through the platform's print dialog; false when cancelled.
+  virtual bool PrintText(const std::string& title, const std::string& text) {
+    (void)title;
+    (void)text;
+    return false;
+  }
   virtual void WaitCursor(bool on) = 0;
   // A short confirmation in the frame's status line ("Project saved: ...").
   virtual void StatusLine(const std::string& text) { (void)text; }
