@@ -27,7 +27,6 @@
 #include <QtCharts/QChartView>
 #include <QtCharts/QLegendMarker>
 #include <QtCharts/QLineSeries>
-#include <QtCharts/QScatterSeries>
 #include <algorithm>
 #include <cmath>
 #include <functional>
@@ -101,6 +100,22 @@ Qt::PenStyle PenStil(peq::LinienMuster m) {
     case peq::LinienMuster::StrichPunkt: return Qt::DashDotLine;
   }
   return Qt::SolidLine;
+}
+
+// The symbol of a measured point: a square or a circle, filled or hollow (white inside).
+QImage ExpSymbolBild(bool eckig, bool hohl, const QColor& c, int size) {
+  QImage img(size, size, QImage::Format_ARGB32_Premultiplied);
+  img.fill(Qt::transparent);
+  QPainter p(&img);
+  p.setRenderHint(QPainter::Antialiasing);
+  p.setPen(QPen(c, 1.2));
+  p.setBrush(hohl ? QColor(Qt::white) : c);
+  const QRectF r(1, 1, size - 2, size - 2);
+  if (eckig)
+    p.drawRect(r);
+  else
+    p.drawEllipse(r);
+  return img;
 }
 
 // A symbol drawn into an image: the marker of a series' points.
@@ -452,7 +467,7 @@ void Graph2DWindow::RenderAxes() {
     // An axis changes its kind: the series move to a new one. They are emptied first, since a
     // logarithmic axis refuses points at or below zero; the points come back filtered.
     for (int k = 1; k <= peq::kSerienAnz; ++k) serien_[static_cast<std::size_t>(k)]->clear();
-    for (QScatterSeries* e : expSerien_) {
+    for (QLineSeries* e : expSerien_) {
       chart_->removeSeries(e);
       delete e;
     }
@@ -536,7 +551,7 @@ void Graph2DWindow::RenderSeries() {
     m->setVisible(xs && xs->isVisible() && !xs->name().isEmpty());
   }
   // Experimental sets as symbols.
-  for (QScatterSeries* s : expSerien_) {
+  for (QLineSeries* s : expSerien_) {
     chart_->removeSeries(s);
     delete s;
   }
@@ -544,22 +559,26 @@ void Graph2DWindow::RenderSeries() {
   for (const peq::ExpSatz& e : d.ExpSaetze) {
     for (const peq::Serie* s : {&e.L, &e.V}) {
       if (s->Punkte() == 0) continue;
-      auto* sc = new QScatterSeries(chart_);
+      // A line series without its line, each point drawn as one image: a scatter series would
+      // make a scene item of every point, which takes seconds for 10,000 measured points.
+      auto* sc = new QLineSeries(chart_);
+      QList<QPointF> pts;
+      pts.reserve(s->Punkte());
       for (int i = 0; i < s->Punkte(); ++i) {
         const float x = s->x[static_cast<std::size_t>(i)], y = s->y[static_cast<std::size_t>(i)];
         if ((d.XLog && !(x > 0)) || (d.YLog && !(y > 0))) continue;
-        sc->append(x, y);
+        pts.append(QPointF(x, y));
       }
-      sc->setMarkerSize(s->Stil.SymGroesse > 0 ? s->Stil.SymGroesse : 8);
-      sc->setColor(QColor(QRgb(0xff000000u | s->Stil.Farbe)));
+      sc->replace(pts);
+      const int size = s->Stil.SymGroesse > 0 ? static_cast<int>(s->Stil.SymGroesse) : 8;
+      const QColor c(QRgb(0xff000000u | s->Stil.Farbe));
+      sc->setPen(Qt::NoPen);
+      sc->setColor(c);
+      sc->setMarkerSize(size);
+      sc->setPointsVisible(true);
       // Each set its symbol; the vapour points hollow beside the filled liquid ones.
-      sc->setMarkerShape(s->Stil.Sym == peq::Symbol::Quadrat || s->Stil.Sym == peq::Symbol::Raute
-                             ? QScatterSeries::MarkerShapeRectangle
-                             : QScatterSeries::MarkerShapeCircle);
-      if (s == &e.V) {
-        sc->setColor(Qt::white);
-        sc->setBorderColor(QColor(QRgb(0xff000000u | s->Stil.Farbe)));
-      }
+      const bool eckig = s->Stil.Sym == peq::Symbol::Quadrat || s->Stil.Sym == peq::Symbol::Raute;
+      sc->setLightMarker(ExpSymbolBild(eckig, s == &e.V, c, size));
       sc->setName(Q(s->Legende.empty() ? e.Legende : s->Legende));
       chart_->addSeries(sc);
       sc->attachAxis(xAxis_);

@@ -17,7 +17,6 @@ class QHBoxLayout;
 class QLabel;
 class QMenu;
 class QLineSeries;
-class QScatterSeries;
 class QPushButton;
 class QToolButton;
 class QXYSeries;
@@ -102,7 +101,7 @@ class Graph2DWindow : public StateDialog {
   QAbstractAxis* yAxis_ = nullptr;
   bool xLogShown_ = false, yLogShown_ = false;
   std::array<QLineSeries*, peq::kSerienAnz + 1> serien_{};
-  std::vector<QScatterSeries*> expSerien_;
+  std::vector<QLineSeries*> expSerien_;
   std::array<QGraphicsSimpleTextItem*, peq::kSerienAnz + 1> labels_{};  // curves and the fixed series
   std::array<peq::SerienStil, peq::kSerienAnz + 1> stilShown_{};
   std::array<bool, peq::kSerienAnz + 1> stilKnown_{};

@@ -202,7 +202,7 @@ TEST(Diagram2DFile, DamagedFilesAreRefusedAndChangeNothing) {
     return t;
   };
   ExpectRefused(ersetze("\"NoDia\": 1", "\"NoDia\": \"1\""), "The diagram file is damaged: NoDia is not a whole number.");
-  ExpectRefused(ersetze("\"series\": 1,", "\"series\": 36,"), "The diagram file is damaged: series is out of range.");
+  ExpectRefused(ersetze("\"series\": 1,", "\"series\": 41,"), "The diagram file is damaged: series is out of range.");
   ExpectRefused(ersetze("\"colour\": \"#123456\"", "\"colour\": \"blue\""),
                 "The diagram file is damaged: colour is not #rrggbb.");
   ExpectRefused(ersetze("\"xmin\": 0.0,", "\"xmin\": 1e300,"), "The diagram file is damaged: xmin is out of range.");

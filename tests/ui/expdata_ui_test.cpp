@@ -12,7 +12,7 @@
 #include <QMdiSubWindow>
 #include <QPushButton>
 #include <QtCharts/QChartView>
-#include <QtCharts/QScatterSeries>
+#include <QtCharts/QLineSeries>
 #include <QTableWidget>
 #include <QtCharts/QChart>
 #include <cmath>
@@ -144,7 +144,7 @@ TEST_F(ExpDataUi, PasteSaveLoadAndThePointsOnThePxDiagram) {
   std::printf("18 experimental points drawn on the p-x diagram: %lld ms\n", static_cast<long long>(ms));
   int gefunden = 0;
   for (QAbstractSeries* a : g->Chart()->series()) {
-    auto* sc = qobject_cast<QScatterSeries*>(a);
+    auto* sc = qobject_cast<QLineSeries*>(a);
     if (!sc || sc->count() != 18) continue;
     ++gefunden;
     bool p39 = false;
@@ -190,7 +190,7 @@ TEST_F(ExpDataUi, TenThousandPointsLoadedAndDrawn) {
               static_cast<long long>(geladen), static_cast<long long>(ms));
   int gross = 0;
   for (QAbstractSeries* a : g->Chart()->series())
-    if (auto* sc = qobject_cast<QScatterSeries*>(a); sc && sc->count() == 10000) ++gross;
+    if (auto* sc = qobject_cast<QLineSeries*>(a); sc && sc->count() == 10000) ++gross;
   EXPECT_EQ(gross, 2);
 }
 
