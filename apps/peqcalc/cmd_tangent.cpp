@@ -20,39 +20,8 @@ struct Input {
 };
 
 bool Parse(const Args& args, Input& in, std::string& why) {
-  if (args.size() < 2) {
-    why = "tangent needs the diagram number NODIA and the composition X";
-    return false;
-  }
-  if (!ArgNumber(args[0], in.nodia) || in.nodia != std::floor(in.nodia) || std::fabs(in.nodia) > 32767) {
-    why = "NODIA is not a diagram number: " + args[0];
-    return false;
-  }
-  if (!ArgNumber(args[1], in.x)) {
-    why = "X is not a number: " + args[1];
-    return false;
-  }
-  for (std::size_t k = 2; k < args.size(); k += 2) {
-    const std::string& o = args[k];
-    double* v = nullptr;
-    bool* have = nullptr;
-    if (o == "--T") {
-      v = &in.T;
-      have = &in.haveT;
-    } else if (o == "--p") {
-      v = &in.p;
-      have = &in.haveP;
-    } else {
-      why = "unknown option of tangent: " + o;
-      return false;
-    }
-    if (k + 1 >= args.size() || !ArgNumber(args[k + 1], *v)) {
-      why = o + " needs a number";
-      return false;
-    }
-    *have = true;
-  }
-  return true;
+  return ParseDiagramPoint(args, "tangent", "composition", in.nodia, in.x,
+                           {{"--T", &in.T, &in.haveT}, {"--p", &in.p, &in.haveP}}, why);
 }
 
 bool Check(const Args& args, std::string& why) {

@@ -1,6 +1,7 @@
 #include "command.h"
 
 #include <charconv>
+#include <cmath>
 
 #include "session/writefmt.h"
 
@@ -36,6 +37,38 @@ bool CheckNumbers(const Args& args, std::size_t count, const std::string& need, 
       why = "not a number: " + a;
       return false;
     }
+  }
+  return true;
+}
+
+bool ParseDiagramPoint(const Args& args, const char* cmd, const char* xWord, double& nodia, double& x,
+                       std::initializer_list<NumberOption> options, std::string& why) {
+  if (args.size() < 2) {
+    why = std::string(cmd) + " needs the diagram number NODIA and the " + xWord + " X";
+    return false;
+  }
+  if (!ArgNumber(args[0], nodia) || nodia != std::floor(nodia) || std::fabs(nodia) > 32767) {
+    why = "NODIA is not a diagram number: " + args[0];
+    return false;
+  }
+  if (!ArgNumber(args[1], x)) {
+    why = "X is not a number: " + args[1];
+    return false;
+  }
+  for (std::size_t k = 2; k < args.size(); k += 2) {
+    const std::string& o = args[k];
+    const NumberOption* hit = nullptr;
+    for (const NumberOption& opt : options)
+      if (o == opt.name) hit = &opt;
+    if (hit == nullptr) {
+      why = "unknown option of " + std::string(cmd) + ": " + o;
+      return false;
+    }
+    if (k + 1 >= args.size() || !ArgNumber(args[k + 1], *hit->value)) {
+      why = o + " needs a number";
+      return false;
+    }
+    *hit->have = true;
   }
   return true;
 }

@@ -2,6 +2,7 @@
 // enters the table through a static CommandEntry, so a new command is one new file.
 #pragma once
 
+#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -43,6 +44,18 @@ bool ArgNumber(const std::string& text, double& v);
 // Usage check of a command whose arguments are all numbers, at least `count` of them; false with
 // why = need when too few, or naming the word that is not a number.
 bool CheckNumbers(const Args& args, std::size_t count, const std::string& need, std::string& why);
+
+// A numeric option of a command ("--T") and where its value goes; have is set when it is given.
+struct NumberOption {
+  const char* name;
+  double* value;
+  bool* have;
+};
+
+// The arguments of a command on one diagram point: NODIA (a whole number), the abscissa X, then
+// the options in pairs. false with why naming the command (cmd) and what X means (xWord).
+bool ParseDiagramPoint(const Args& args, const char* cmd, const char* xWord, double& nodia, double& x,
+                       std::initializer_list<NumberOption> options, std::string& why);
 
 // The first `lead` arguments into lead[0..lead-1], the rest as the mole fractions x(1..NKomp).
 // A count that does not fit the project, or a negative amount, is refused with a message naming

@@ -37,26 +37,6 @@ QByteArray Bytes(const QString& file) {
 
 class MarkerWalk : public peqtest::UiTest {
  protected:
-  void LoadExample() {
-    Open();
-    ASSERT_TRUE(QFile::copy(QStringLiteral(PEQ_SOURCE_DIR "/examples/ethanol-water.PQC"), ProgFile("EW.PQC")));
-    answer.onModal = [](QWidget* m) {
-      auto* d = qobject_cast<pequi::CmnDlgDialog*>(m);
-      if (!d) return false;
-      const auto items = d->Files()->findItems(QStringLiteral("EW.PQC"), Qt::MatchExactly);
-      if (items.isEmpty()) return false;
-      QTest::mouseClick(d->Files()->viewport(), Qt::LeftButton, {}, d->Files()->visualItemRect(items[0]).center());
-      QTest::mouseClick(d->OK(), Qt::LeftButton);
-      return true;
-    };
-    A(Cmd::mnuLoadProject)->trigger();
-    QApplication::processEvents();
-    ASSERT_EQ(win->Sess().NKomp, 2);
-    if (auto* vm = Window<pequi::VModellDialog>(WindowId::frmVModell)) {
-      QTest::mouseClick(vm->ModelsOK(), Qt::LeftButton);
-      QApplication::processEvents();
-    }
-  }
   pequi::Graph2DWindow* DrawNow(int16_t noDia, double T, double p) {
     peq::Session& s = win->Sess();
     s.NoDia = noDia;
@@ -87,7 +67,7 @@ class MarkerWalk : public peqtest::UiTest {
 };
 
 TEST_F(MarkerWalk, PxDiagramWithEveryMarkerSavedLoadedAndExported) {
-  LoadExample();
+  LoadEthanolWater();
   auto* w = DrawNow(1, 343.15, 101.325);
   ASSERT_NE(w, nullptr);
   ASSERT_EQ(w->GezeichneteSerien(), 2);
@@ -202,7 +182,7 @@ TEST_F(MarkerWalk, PxDiagramWithEveryMarkerSavedLoadedAndExported) {
 }
 
 TEST_F(MarkerWalk, SmokeScreenshotOfTheMarkersOnATxDiagram) {
-  LoadExample();
+  LoadEthanolWater();
   win->Sess().TOffsetOut = 0;
   auto* w = DrawNow(4, 350, 101.325);
   ASSERT_NE(w, nullptr);

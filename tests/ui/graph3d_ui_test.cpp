@@ -43,26 +43,6 @@ int Farben(const QImage& img) {
 
 class Graph3DUi : public peqtest::UiTest {
  protected:
-  void LoadExample() {
-    Open();
-    ASSERT_TRUE(QFile::copy(QStringLiteral(PEQ_SOURCE_DIR "/examples/ethanol-water.PQC"), ProgFile("EW.PQC")));
-    answer.onModal = [](QWidget* m) {
-      auto* d = qobject_cast<pequi::CmnDlgDialog*>(m);
-      if (!d) return false;
-      const auto items = d->Files()->findItems(QStringLiteral("EW.PQC"), Qt::MatchExactly);
-      if (items.isEmpty()) return false;
-      QTest::mouseClick(d->Files()->viewport(), Qt::LeftButton, {}, d->Files()->visualItemRect(items[0]).center());
-      QTest::mouseClick(d->OK(), Qt::LeftButton);
-      return true;
-    };
-    A(Cmd::mnuLoadProject)->trigger();
-    QApplication::processEvents();
-    ASSERT_EQ(win->Sess().NKomp, 2);
-    if (auto* vm = Window<pequi::VModellDialog>(WindowId::frmVModell)) {
-      QTest::mouseClick(vm->ModelsOK(), Qt::LeftButton);
-      QApplication::processEvents();
-    }
-  }
   // The surface item i of the menu; nullptr when the window layer refused the chart.
   pequi::Graph3DWindow* Oeffne(int16_t i) {
     answer.boxes.clear();
@@ -86,7 +66,7 @@ class Graph3DUi : public peqtest::UiTest {
 };
 
 TEST_F(Graph3DUi, SurfaceItemsOpenTheWindowOrAreRefusedWithTheBox) {
-  LoadExample();
+  LoadEthanolWater();
   for (int16_t i : {0, 1, 2, 3, 5, 6, 7, 8}) EXPECT_TRUE(Reachable(Cmd::mnu3DSub, i)) << i;
   auto* w = Oeffne(0);
   if (!w) {
@@ -122,7 +102,7 @@ TEST_F(Graph3DUi, SurfaceItemsOpenTheWindowOrAreRefusedWithTheBox) {
 class Graph3DSmoke : public Graph3DUi {};
 
 TEST_F(Graph3DSmoke, EthanolWaterSurfacesAsPng) {
-  LoadExample();
+  LoadEthanolWater();
   win->Sess().TOffsetOut = 273.15;
   struct Fall {
     int16_t item;

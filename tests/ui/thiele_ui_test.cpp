@@ -33,26 +33,6 @@ using peq::WindowId;
 
 class ThieleUi : public peqtest::UiTest {
  protected:
-  void LoadExample() {
-    Open();
-    ASSERT_TRUE(QFile::copy(QStringLiteral(PEQ_SOURCE_DIR "/examples/ethanol-water.PQC"), ProgFile("EW.PQC")));
-    answer.onModal = [](QWidget* m) {
-      auto* d = qobject_cast<pequi::CmnDlgDialog*>(m);
-      if (!d) return false;
-      const auto items = d->Files()->findItems(QStringLiteral("EW.PQC"), Qt::MatchExactly);
-      if (items.isEmpty()) return false;
-      QTest::mouseClick(d->Files()->viewport(), Qt::LeftButton, {}, d->Files()->visualItemRect(items[0]).center());
-      QTest::mouseClick(d->OK(), Qt::LeftButton);
-      return true;
-    };
-    A(Cmd::mnuLoadProject)->trigger();
-    QApplication::processEvents();
-    ASSERT_EQ(win->Sess().NKomp, 2);
-    if (auto* vm = Window<pequi::VModellDialog>(WindowId::frmVModell)) {
-      QTest::mouseClick(vm->ModelsOK(), Qt::LeftButton);
-      QApplication::processEvents();
-    }
-  }
   // mnuThiele through the menu, the pressure window left with "Continue >".
   void OpenThiele() {
     bool clicked = false;
@@ -106,7 +86,7 @@ class ThieleUi : public peqtest::UiTest {
 };
 
 TEST_F(ThieleUi, MenuDialogStepsAndRecordReadBack) {
-  LoadExample();
+  LoadEthanolWater();
   OpenThiele();
   auto* g = Window<pequi::Graph2DWindow>(WindowId::frmGraph2D);
   ASSERT_NE(g, nullptr);
@@ -172,7 +152,7 @@ TEST_F(ThieleUi, MenuDialogStepsAndRecordReadBack) {
 }
 
 TEST_F(ThieleUi, ThieleSmokeScreenshot) {
-  LoadExample();
+  LoadEthanolWater();
   OpenThiele();
   auto* g = Window<pequi::Graph2DWindow>(WindowId::frmGraph2D);
   ASSERT_NE(g, nullptr);

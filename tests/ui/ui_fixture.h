@@ -6,9 +6,11 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDir>
+#include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QSettings>
@@ -22,8 +24,10 @@
 
 #include <gtest/gtest.h>
 
+#include "ui/cmndlgdialog.h"
 #include "ui/mainwindow.h"
 #include "ui/stoffwahldialog.h"
+#include "ui/vmodelldialog.h"
 
 namespace peqtest {
 
@@ -186,6 +190,28 @@ class UiTest : public ::testing::Test {
     return qobject_cast<T*>(win->WindowOf(id));
   }
   QString ProgFile(const char* name) const { return QDir(prog.path()).filePath(QString::fromLatin1(name)); }
+  // Opens the program and loads the ethanol/water example through "Load project" and the file
+  // dialog, as a user does, then accepts the models.
+  void LoadEthanolWater() {
+    Open();
+    ASSERT_TRUE(QFile::copy(QStringLiteral(PEQ_SOURCE_DIR "/examples/ethanol-water.PQC"), ProgFile("EW.PQC")));
+    answer.onModal = [](QWidget* m) {
+      auto* d = qobject_cast<pequi::CmnDlgDialog*>(m);
+      if (!d) return false;
+      const auto items = d->Files()->findItems(QStringLiteral("EW.PQC"), Qt::MatchExactly);
+      if (items.isEmpty()) return false;
+      QTest::mouseClick(d->Files()->viewport(), Qt::LeftButton, {}, d->Files()->visualItemRect(items[0]).center());
+      QTest::mouseClick(d->OK(), Qt::LeftButton);
+      return true;
+    };
+    A(peq::Cmd::mnuLoadProject)->trigger();
+    QApplication::processEvents();
+    ASSERT_EQ(win->Sess().NKomp, 2);
+    if (auto* vm = Window<pequi::VModellDialog>(peq::WindowId::frmVModell)) {
+      QTest::mouseClick(vm->ModelsOK(), Qt::LeftButton);
+      QApplication::processEvents();
+    }
+  }
 
   AppGuard guard;
   QTemporaryDir prog;
