@@ -5,7 +5,6 @@
 #include <boost/numeric/odeint.hpp>
 #include <cmath>
 #include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -29,6 +28,9 @@ struct Kolonne {
   double tKopf, tSumpf;   // last temperatures, K (starts for the next solve)
   std::vector<double> xD;  // last distillate composition (start of the next solve)
   peq::Vec<double> y, x, yw, K;
+  // Work arrays of the Newton solve, sized once.
+  std::vector<double> wxd, wxs, wxs2, wxp, wF, wJ, wd;
+  double letzteNorm = -1;  // max |F| of the last iteration, -1 when a dew point failed
 
   // Top-down plate-to-plate for a guessed distillate: returns the liquid leaving the still.
   bool Abwaerts(const std::vector<double>& xd, std::vector<double>& xs, double& tTop) {
@@ -55,9 +57,26 @@ struct Kolonne {
   // Newton on the distillate composition (n - 1 unknowns, the last by closure) so that the still
   // liquid found top-down equals xw; the Jacobian by forward differences.
   bool Loesen(const std::vector<double>& xw) {
+    if (Newton(xw)) return true;
+    // Retry from an estimate of total reflux: x_D(i) ~ x_W(i) K(i)^(stages), with K from the
+    // still's last bubble point, damped to the reflux ratio's share.
+    const double R = s.RueckLauf, stufen = 1 + s.NBoden * R / (R + 1);
+    double sum = 0;
+    for (int i = 1; i <= n; ++i) {
+      const std::size_t c = static_cast<std::size_t>(i - 1);
+      const double Ki = xw[c] > 0 ? std::max(1e-12, yw[i] / xw[c]) : 1.0;
+      xD[c] = xw[c] * std::pow(Ki, stufen);
+      sum += xD[c];
+    }
+    if (!(sum > 0) || !std::isfinite(sum)) return false;
+    for (double& v : xD) v /= sum;
+    return Newton(xw);
+  }
+
+  bool Newton(const std::vector<double>& xw) {
     const std::size_t m = static_cast<std::size_t>(n - 1);
-    std::vector<double> xd = xD, xs(static_cast<std::size_t>(n)), xs2(static_cast<std::size_t>(n));
-    std::vector<double> F(m), J(m * m);
+    std::vector<double>&xd = wxd, &xs = wxs, &xs2 = wxs2, &xp = wxp, &F = wF, &J = wJ, &d = wd;
+    xd = xD;
     double tt = 0;
     auto closure = [&](std::vector<double>& v) {
       double sum = 0;
@@ -70,10 +89,11 @@ struct Kolonne {
     };
     closure(xd);
     for (int it = 0; it < maxIter; ++it) {
+      letzteNorm = -1;
       if (!Abwaerts(xd, xs, tt)) return false;
       double norm = 0;
       for (std::size_t i = 0; i < m; ++i) F[i] = xs[i] - xw[i], norm = std::max(norm, std::fabs(F[i]));
-      if (std::getenv("PEQBATCH_TRACE")) std::cerr << "it " << it << " norm " << norm << " xd0 " << xd[0] << "\n";
+      letzteNorm = norm;
       if (norm < genau) {
         xD = xd;
         tKopf = tt;
@@ -81,7 +101,7 @@ struct Kolonne {
       }
       const double h = 1e-7;
       for (std::size_t j = 0; j < m; ++j) {
-        std::vector<double> xp = xd;
+        xp = xd;
         const double hj = xp[j] + h <= 1 ? h : -h;
         xp[j] += hj;
         xp[m] -= hj;
@@ -90,7 +110,6 @@ struct Kolonne {
         for (std::size_t i = 0; i < m; ++i) J[i * m + j] = (xs2[i] - xs[i]) / hj;
       }
       // Gaussian elimination with partial pivoting on the small system J d = -F.
-      std::vector<double> d(m);
       for (std::size_t i = 0; i < m; ++i) d[i] = -F[i];
       for (std::size_t c = 0; c < m; ++c) {
         std::size_t pv = c;
@@ -162,11 +181,13 @@ int Lauf() {
   const int n = s.NKomp;
   const std::size_t nn = static_cast<std::size_t>(n);
   Kolonne k{s, n, s.BatchGenau, static_cast<int>(s.BatchMaxIter), a.Start.TKopfStart + 273.15,
-            a.Start.TSumpfStart + 273.15, {}, {}, {}, {}, {}};
+            a.Start.TSumpfStart + 273.15, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}};
   k.y.assign(nn + 1);
   k.x.assign(nn + 1);
   k.yw.assign(nn + 1);
   k.K.assign(nn + 1);
+  for (auto* v : {&k.wxd, &k.wxs, &k.wxs2, &k.wxp, &k.wF, &k.wd}) v->assign(nn, 0.0);
+  k.wJ.assign(nn * nn, 0.0);
   double F = 0;
   Zustand z0(nn);
   for (int i = 1; i <= n; ++i) z0[static_cast<std::size_t>(i - 1)] = s.StoffMenge[i], F += s.StoffMenge[i];
@@ -233,7 +254,10 @@ int Lauf() {
   };
   integrate_times(stepper, system, z, punkte.begin(), punkte.end(), ab / ns / 10, beobachte);
   if (fehler || staende.size() != punkte.size()) {
-    std::cerr << "PEQBATCH: the column could not be solved\n";
+    std::cerr << "PEQBATCH: the column could not be solved after " << staende.size() << " of " << punkte.size()
+              << " steps (" << (k.letzteNorm < 0 ? std::string("no dew point")
+                                                  : "residual " + std::to_string(k.letzteNorm))
+              << ")\n";
     return 5;
   }
   // Answer text.

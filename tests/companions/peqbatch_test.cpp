@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "companions/batchfiles.h"
+#include "companions/fitmap.h"
 
 namespace {
 
@@ -166,6 +167,73 @@ TEST(PeqBatch, BadInputEndsNonZeroWithoutAnswer) {
   s.P0Eq[2] = "XXX";
   EXPECT_NE(RunBatch(dir, peq::ToBatchText(s, {70, 80, 3.0f})), 0);
   EXPECT_FALSE(fs::exists(dir / peq::kFromBatch));
+}
+
+TEST(PeqBatch, HighRefluxFirstDistillateApproachesFenske) {
+  peq::Session s = IdealBinary();
+  s.NBoden = 3;
+  s.RueckLauf = 1000;
+  const fs::path dir = Scratch("fenske");
+  ASSERT_EQ(RunBatch(dir, peq::ToBatchText(s, {70, 80, 3.0f})), 0) << ReadFile(dir / "errors.txt");
+  peq::Batchergebnis e;
+  std::string err;
+  ASSERT_TRUE(peq::ReadBatchZeiten(ReadFile(dir / peq::kFromBatch), 2, 30, e, err)) << err;
+  // Total reflux over three plates and the still, four stages: xD/(1 - xD) = alpha^4 x/(1 - x).
+  const double r = 100.0 * 0.4 / 0.6, xd = r / (1 + r);
+  EXPECT_NEAR(e.XDest[1][0], xd, 1e-3);
+  EXPECT_LT(e.XDest[1][0], xd);
+}
+
+// Three components of constant relative volatilities with NRTL parameters, so that the gE model
+// of the file is the one the column computes with.
+TEST(PeqBatch, TernaryNrtlRunsAndKeepsItsBalance) {
+  peq::Session s;
+  s.NKomp = 3;
+  peq::AllocSession(s, 3);
+  const float A[4] = {0, 7.0f, 6.7f, 6.4f};
+  for (int i = 1; i <= 3; ++i) {
+    s.MolMasse[i] = 60.0f + 10 * i;
+    s.TKrit[i] = 560.0f + 20 * i;
+    s.PKrit[i] = 4000;
+    s.Omega[i] = 0.3f;
+    s.P0Eq[i] = "ALP";
+    s.ParALP[i].A = A[i];
+    s.ParALP[i].B = 1500;
+    s.ParALP[i].C = 230;
+    s.VLiqCm3[i] = 80;
+    s.StoffMenge[i] = 1.0f + i;
+  }
+  s.GEModel = 2;
+  s.ParUnitNRTL = 3;
+  for (int i = 1; i <= 3; ++i)
+    for (int j = i + 1; j <= 3; ++j) {
+      peq::SetGESlot(s, 1, i, j, 40.0 * (j - i));
+      peq::SetGESlot(s, 4, i, j, -20.0 * (j - i));
+      peq::SetGESlot(s, 7, i, j, 0.3);
+    }
+  s.PIso = 101.325;
+  s.NBoden = 10;
+  s.RueckLauf = 2;
+  s.NFrak = 4;
+  s.NSchritte = 100;
+  s.BatchGenau = 1e-6f;
+  s.BatchMaxIter = 500;
+  const fs::path dir = Scratch("ternary");
+  ASSERT_EQ(RunBatch(dir, peq::ToBatchText(s, {70, 90, 0.9f})), 0) << ReadFile(dir / "errors.txt");
+  const std::string ans = ReadFile(dir / peq::kFromBatch);
+  const auto m = Mengen(ans, 3);
+  ASSERT_EQ(m.size(), 5u);
+  for (std::size_t i = 0; i < 3; ++i) {
+    double sum = 0;
+    for (const auto& r : m) sum += r[i];
+    EXPECT_NEAR(sum, s.StoffMenge[static_cast<int>(i) + 1], 1e-8 * s.StoffMenge[static_cast<int>(i) + 1]);
+  }
+  std::vector<float> z;
+  std::string err;
+  ASSERT_TRUE(peq::ReadBatchFraktionen(ans, 3, 4, 273.15, z, err)) << err;
+  for (int f = 0; f < 4; ++f) EXPECT_NEAR(z[static_cast<std::size_t>(5 + 8 * f + 5)], (9.0 - 0.9) / 4, 1e-5);
+  // The lightest component leaves first: the first fraction is richer in it than the last.
+  EXPECT_GT(z[5 + 5 + 1], z[5 + 8 * 3 + 5 + 1]);
 }
 
 }  // namespace
