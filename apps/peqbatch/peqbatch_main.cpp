@@ -29,7 +29,7 @@ struct Kolonne {
   std::vector<double> xD;  // last distillate composition (start of the next solve)
   peq::Vec<double> y, x, yw, K;
   // Work arrays of the Newton solve, sized once.
-  std::vector<double> wxd, wxs, wxs2, wxp, wF, wJ, wd;
+  std::vector<double> wxd, wxs, wxs2, wxp, wF, wJ, wd, wv;
   double letzteNorm = -1;  // max |F| of the last iteration, -1 when a dew point failed
 
   // Top-down plate-to-plate for a guessed distillate: returns the liquid leaving the still.
@@ -57,7 +57,7 @@ struct Kolonne {
   // Newton on the distillate composition (n - 1 unknowns, the last by closure) so that the still
   // liquid found top-down equals xw; the Jacobian by forward differences.
   bool Loesen(const std::vector<double>& xw) {
-    if (Newton(xw)) return true;
+    if (NewtonLin(xw)) return true;
     // Retry from an estimate of total reflux: x_D(i) ~ x_W(i) K(i)^(stages), with K from the
     // still's last bubble point, damped to the reflux ratio's share.
     const double R = s.RueckLauf, stufen = 1 + s.NBoden * R / (R + 1);
@@ -70,10 +70,91 @@ struct Kolonne {
     }
     if (!(sum > 0) || !std::isfinite(sum)) return false;
     for (double& v : xD) v /= sum;
-    return Newton(xw);
+    // Trace components of many plates are better scaled in logarithms.
+    return NewtonLin(xw) || NewtonLog(xw);
   }
 
-  bool Newton(const std::vector<double>& xw) {
+  // Newton's method on the logarithms of the distillate composition, v(i) = ln x_D(i) - ln x_D(n)
+  // (so that trace components stay positive and are scaled like the others), with the residual
+  // ln x_S(i) - ln x_W(i), i < n; the Jacobian by forward differences. Converged when the still
+  // liquid matches x_W within BatchGenau in every mole fraction.
+  bool NewtonLog(const std::vector<double>& xw) {
+    const std::size_t m = static_cast<std::size_t>(n - 1), nn = static_cast<std::size_t>(n);
+    std::vector<double>&xd = wxd, &xs = wxs, &xs2 = wxs2, &xp = wxp, &F = wF, &J = wJ, &d = wd;
+    std::vector<double>& v = wv;
+    const double tiny = 1e-300;
+    auto ausV = [&](const std::vector<double>& vv, std::vector<double>& x) {
+      double big = 0;
+      for (std::size_t i = 0; i < m; ++i) big = std::max(big, vv[i]);
+      double sum = 0;
+      for (std::size_t i = 0; i < m; ++i) x[i] = std::exp(vv[i] - big), sum += x[i];
+      x[m] = std::exp(-big);
+      sum += x[m];
+      for (std::size_t i = 0; i < nn; ++i) x[i] /= sum;
+    };
+    const double last = std::max(xD[m], 1e-30);
+    for (std::size_t i = 0; i < m; ++i) v[i] = std::log(std::max(xD[i], 1e-30) / last);
+    double tt = 0;
+    for (int it = 0; it < maxIter; ++it) {
+      ausV(v, xd);
+      letzteNorm = -1;
+      if (!Abwaerts(xd, xs, tt)) return false;
+      double norm = 0;
+      for (std::size_t i = 0; i < nn; ++i) norm = std::max(norm, std::fabs(xs[i] - xw[i]));
+      letzteNorm = norm;
+      if (norm < genau) {
+        xD = xd;
+        tKopf = tt;
+        return true;
+      }
+      for (std::size_t i = 0; i < m; ++i)
+        F[i] = std::log(std::max(xs[i], tiny)) - std::log(std::max(xw[i], tiny)) -
+               (std::log(std::max(xs[m], tiny)) - std::log(std::max(xw[m], tiny)));
+      const double h = 1e-6;
+      for (std::size_t j = 0; j < m; ++j) {
+        for (std::size_t i = 0; i < m; ++i) d[i] = v[i];
+        d[j] += h;
+        ausV(d, xp);
+        double t2 = 0;
+        if (!Abwaerts(xp, xs2, t2)) return false;
+        for (std::size_t i = 0; i < m; ++i) {
+          const double Fi = std::log(std::max(xs2[i], tiny)) - std::log(std::max(xw[i], tiny)) -
+                            (std::log(std::max(xs2[m], tiny)) - std::log(std::max(xw[m], tiny)));
+          J[i * m + j] = (Fi - F[i]) / h;
+        }
+      }
+      // Gaussian elimination with partial pivoting on the small system J d = -F.
+      for (std::size_t i = 0; i < m; ++i) d[i] = -F[i];
+      for (std::size_t c = 0; c < m; ++c) {
+        std::size_t pv = c;
+        for (std::size_t r = c + 1; r < m; ++r)
+          if (std::fabs(J[r * m + c]) > std::fabs(J[pv * m + c])) pv = r;
+        if (!(std::fabs(J[pv * m + c]) > 1e-300)) return false;
+        for (std::size_t k = 0; k < m; ++k) std::swap(J[c * m + k], J[pv * m + k]);
+        std::swap(d[c], d[pv]);
+        for (std::size_t r = c + 1; r < m; ++r) {
+          const double f = J[r * m + c] / J[c * m + c];
+          for (std::size_t k = c; k < m; ++k) J[r * m + k] -= f * J[c * m + k];
+          d[r] -= f * d[c];
+        }
+      }
+      for (std::size_t c = m; c-- > 0;) {
+        for (std::size_t k = c + 1; k < m; ++k) d[c] -= J[c * m + k] * d[k];
+        d[c] /= J[c * m + c];
+      }
+      // Damped step: at most 2 in any logarithm.
+      double big = 0;
+      for (std::size_t i = 0; i < m; ++i) big = std::max(big, std::fabs(d[i]));
+      if (!std::isfinite(big)) return false;
+      const double lam = big > 2 ? 2 / big : 1.0;
+      for (std::size_t i = 0; i < m; ++i) v[i] += lam * d[i];
+    }
+    return false;
+  }
+
+  // Newton's method on the mole fractions themselves, x_D(n) by closure; the Jacobian by forward
+  // differences.
+  bool NewtonLin(const std::vector<double>& xw) {
     const std::size_t m = static_cast<std::size_t>(n - 1);
     std::vector<double>&xd = wxd, &xs = wxs, &xs2 = wxs2, &xp = wxp, &F = wF, &J = wJ, &d = wd;
     xd = xD;
@@ -181,12 +262,12 @@ int Lauf() {
   const int n = s.NKomp;
   const std::size_t nn = static_cast<std::size_t>(n);
   Kolonne k{s, n, s.BatchGenau, static_cast<int>(s.BatchMaxIter), a.Start.TKopfStart + 273.15,
-            a.Start.TSumpfStart + 273.15, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}};
+            a.Start.TSumpfStart + 273.15, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, -1};
   k.y.assign(nn + 1);
   k.x.assign(nn + 1);
   k.yw.assign(nn + 1);
   k.K.assign(nn + 1);
-  for (auto* v : {&k.wxd, &k.wxs, &k.wxs2, &k.wxp, &k.wF, &k.wd}) v->assign(nn, 0.0);
+  for (auto* v : {&k.wxd, &k.wxs, &k.wxs2, &k.wxp, &k.wF, &k.wd, &k.wv}) v->assign(nn, 0.0);
   k.wJ.assign(nn * nn, 0.0);
   double F = 0;
   Zustand z0(nn);
