@@ -31,6 +31,7 @@ struct Kolonne {
   // Work arrays of the Newton solve, sized once.
   std::vector<double> wxd, wxs, wxs2, wxp, wF, wJ, wd, wv;
   double letzteNorm = -1;  // max |F| of the last iteration, -1 when a dew point failed
+  bool logZuerst = false;  // the last solve needed the logarithms
 
   // Top-down plate-to-plate for a guessed distillate: returns the liquid leaving the still.
   bool Abwaerts(const std::vector<double>& xd, std::vector<double>& xs, double& tTop) {
@@ -57,6 +58,8 @@ struct Kolonne {
   // Newton on the distillate composition (n - 1 unknowns, the last by closure) so that the still
   // liquid found top-down equals xw; the Jacobian by forward differences.
   bool Loesen(const std::vector<double>& xw) {
+    // Once the logarithms were needed they are tried first: the still only gets harder to match.
+    if (logZuerst && NewtonLog(xw)) return true;
     if (NewtonLin(xw)) return true;
     // Retry from an estimate of total reflux: x_D(i) ~ x_W(i) K(i)^(stages), with K from the
     // still's last bubble point, damped to the reflux ratio's share.
@@ -71,7 +74,9 @@ struct Kolonne {
     if (!(sum > 0) || !std::isfinite(sum)) return false;
     for (double& v : xD) v /= sum;
     // Trace components of many plates are better scaled in logarithms.
-    return NewtonLin(xw) || NewtonLog(xw);
+    if (NewtonLin(xw)) return true;
+    logZuerst = NewtonLog(xw);
+    return logZuerst;
   }
 
   // Newton's method on the logarithms of the distillate composition, v(i) = ln x_D(i) - ln x_D(n)
@@ -262,7 +267,7 @@ int Lauf() {
   const int n = s.NKomp;
   const std::size_t nn = static_cast<std::size_t>(n);
   Kolonne k{s, n, s.BatchGenau, static_cast<int>(s.BatchMaxIter), a.Start.TKopfStart + 273.15,
-            a.Start.TSumpfStart + 273.15, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, -1};
+            a.Start.TSumpfStart + 273.15, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, -1, false};
   k.y.assign(nn + 1);
   k.x.assign(nn + 1);
   k.yw.assign(nn + 1);
