@@ -2,6 +2,9 @@
 
 #include <array>
 #include <cmath>
+#include <string>
+
+#include "models/vappressure.h"
 
 namespace peq {
 
@@ -27,8 +30,8 @@ SerienStil ExpStil(int k, bool dampf) {
 int ExpSatzBilden(const Session& s, const Graph2DDoc& d, ExpSatz& satz) {
   satz = ExpSatz{};
   const int nd = d.NoDia;
-  const bool isotherm = nd == 1 || nd == 3 || nd == 5 || nd == 10;
-  const bool isobar = nd == 4 || nd == 6 || nd == 51 || nd == 11;
+  const bool isotherm = nd == 1 || nd == 3 || nd == 5 || nd == 10 || nd == 8 || nd == 81;
+  const bool isobar = nd == 4 || nd == 6 || nd == 51 || nd == 11 || nd == 82 || nd == 83;
   if (!isotherm && !isobar) return 0;
   const bool k2IstZwei = s.Komp2 != 1;
   // Molar masses of the components on the axis (k2) and the other one (k1), for mass fractions.
@@ -74,6 +77,31 @@ int ExpSatzBilden(const Session& s, const Graph2DDoc& d, ExpSatz& satz) {
       case 51:
         if (mitV && xL > 0) setze(satz.L, achse(r.x2L), xV / xL);
         break;
+      case 8:
+      case 81:
+      case 82:
+      case 83: {
+        // The activity coefficients the row holds, by Raoult's law with the ideal gas:
+        // f(i) = y(i) p / (x(i) p0(i, T)); the axis component into the first series, the other
+        // into the second; the logarithms for 81 and 83. A row without x(V), or with a p0 the
+        // equations cannot give, has none.
+        if (!mitV) break;
+        const int k2 = k2IstZwei ? 2 : 1, k1 = 3 - k2;
+        if (s.P0Eq.size() <= 2) break;
+        std::string c1 = s.P0Eq[static_cast<std::size_t>(k1)], c2 = s.P0Eq[static_cast<std::size_t>(k2)];
+        int16_t dT = 0;
+        const double p01 = VapPressure(s, k1, r.T, c1, false, dT);
+        const double p02 = VapPressure(s, k2, r.T, c2, false, dT);
+        const bool ln = nd == 81 || nd == 83;
+        auto f = [&](double y, double x, double p0) {
+          if (!(x > 0) || !(y > 0) || !(p0 > 0)) return std::nan("");
+          const double g = y * r.p / (x * p0);
+          return ln ? std::log(g) : g;
+        };
+        setze(satz.L, achse(r.x2L), f(xV, xL, p02));
+        setze(satz.V, achse(r.x2L), f(1.0 - xV, 1.0 - xL, p01));
+        break;
+      }
       default:  // 10, 11: alpha(1,2) = (y1/x1) / (y2/x2)
         if (mitV && r.x2L > 0 && r.x2L < 1 && r.x2V > 0 && r.x2V < 1)
           setze(satz.L, achse(r.x2L), ((1.0 - r.x2V) / (1.0 - r.x2L)) / (static_cast<double>(r.x2V) / r.x2L));

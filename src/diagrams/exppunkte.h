@@ -20,8 +20,9 @@ SerienStil ExpStil(int k, bool dampf);
 
 // Builds the set of the held points (active rows only, rows with p below 1e-6 left out) for the
 // document's NoDia, T and p. The ordinate per diagram: 1 p; 4 T; 3, 6 x(V) over x(L);
-// 5, 51 the K value of the x-axis component; 10, 11 alpha(1,2); a vapour point only where x(V)
-// was measured (not 0). Returns the number of rows taken; 0 also for a diagram that takes none.
+// 5, 51 the K value of the x-axis component; 10, 11 alpha(1,2); 8, 82 the activity coefficients
+// of both components (81, 83 their logarithms) by Raoult's law, the axis component's in the
+// first series; a vapour point only where x(V) was measured (not 0). Returns the number of rows taken; 0 also for a diagram that takes none.
 int ExpSatzBilden(const Session& s, const Graph2DDoc& d, ExpSatz& satz);
 
 // zeigeExpPunkte: adds that set to the document (at most 12 sets) with its legend. Returns the

@@ -5,6 +5,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
+#include "companions/fit_sessions.h"
+
 namespace {
 
 using namespace peq;
@@ -122,3 +126,42 @@ TEST(ExpPunkteDiagramm, TwelveSetsAtMostEachWithItsOwnLookAndTheExchangeFlipsThe
 }
 
 }  // namespace
+
+namespace {
+
+// lg(p0/kPa) = A - B/(C + t/°C), the Antoine form of the ethanol/water fitting session.
+double Antoine(double A, double B, double C, double T) { return std::pow(10.0, A - B / (C + T - 273.15)); }
+
+}  // namespace
+
+// The activity coefficients a row holds, f(i) = y(i) p / (x(i) p0(i)), against a hand
+// calculation with the Antoine equations: the axis component (water) in the first series, its
+// partner in the second; the logarithms on 81 and 83; the isobaric forms select by p.
+TEST(ExpPunkteDiagramm, ActivityCoefficientsByRaoultsLaw) {
+  Session s = peqtest::EthanolWaterFit();
+  s.Komp1 = 1;
+  s.Komp2 = 2;
+  s.ExpPunkte.assign(3);
+  s.ExpPunkte[1] = ExpPunkt{0, 351.45f, 101.325f, 0.1f, 0.12f};
+  s.ExpPunkte[2] = ExpPunkt{0, 351.45f, 101.325f, 0.4f, 0.0f};  // no vapour value: no coefficient
+  s.ExpAnz = 2;
+  const double T = 351.45f, p = 101.325f, x2 = 0.1f, y2 = 0.12f;
+  const double f2 = y2 * p / (x2 * Antoine(7.11564, 1687.537, 230.17, T));
+  const double f1 = (1 - y2) * p / ((1 - x2) * Antoine(7.33675, 1648.22, 230.918, T));
+  for (int16_t nd : {8, 81, 82, 83}) {
+    Graph2DDoc d;
+    d.NoDia = nd;
+    d.T = 351.45;
+    d.p = 101.325;
+    ExpSatz e;
+    EXPECT_EQ(ExpSatzBilden(s, d, e), 2) << nd;
+    ASSERT_EQ(e.L.Punkte(), 1) << nd;
+    ASSERT_EQ(e.V.Punkte(), 1) << nd;
+    const bool ln = nd == 81 || nd == 83;
+    EXPECT_FLOAT_EQ(e.L.x[0], 0.1f);
+    EXPECT_NEAR(e.L.y[0], ln ? std::log(f2) : f2, 2e-4) << nd;
+    EXPECT_NEAR(e.V.y[0], ln ? std::log(f1) : f1, 2e-4) << nd;
+  }
+  EXPECT_GT(f2, 2.5);  // water is far from ideal in ethanol
+  EXPECT_NEAR(f1, 0.976, 0.01);
+}
