@@ -1,5 +1,6 @@
 #include "ui/manuinputdialog.h"
 
+#include <QAction>
 #include <QComboBox>
 #include <QFontDatabase>
 #include <QGridLayout>
@@ -13,6 +14,8 @@
 #include <QSignalBlocker>
 #include <QTableWidget>
 #include <QVBoxLayout>
+#include <array>
+#include <functional>
 
 #include "ui/qtconvert.h"
 #include "ui/zahlenfilter.h"
@@ -157,6 +160,21 @@ ManuInputDialog::ManuInputDialog(peq::mdiPEQ& f, QWidget* parent) : StateDialog(
   knopf("cmdDrawManu", [this, &w] { w.cmdDrawManu_Click(f_); });
   knopf("cmdPrint", [this, &w] { w.cmdPrint_Click(f_); });
   knopf("cmdEsc", [this, &w] { w.cmdEsc_Click(f_); });
+  // The grid's edit menu, on the right mouse button.
+  grid_->setContextMenuPolicy(Qt::ActionsContextMenu);
+  const std::array<std::function<void()>, 4> edit = {[this, &w] { w.mnuKopieren_Click(f_); },
+                                                     [this, &w] { w.mnuEinfuegen_Click(f_); },
+                                                     [this, &w] { w.mnuNull_Click(f_); },
+                                                     [this, &w] { w.mnuEntfernen_Click(f_); }};
+  for (std::size_t k = 0; k < edit.size(); ++k) {
+    auto* a = new QAction(Q(peq::kManuEditCaptions[k]), grid_);
+    a->setObjectName(QStringLiteral("mnuEdit2_%1").arg(k));
+    connect(a, &QAction::triggered, this, [this, fn = edit[k]] {
+      MarkeUebernehmen();
+      Do(fn);
+    });
+    grid_->addAction(a);
+  }
   Render();
 }
 

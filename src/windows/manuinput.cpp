@@ -242,6 +242,34 @@ void frmManuInput::cmdClipEinfuegen_Click(mdiPEQ& f) {
   ZeileZeigen();
 }
 
+void frmManuInput::mnuKopieren_Click(mdiPEQ& f) {
+  const int n = XYAnzahl(Liste);
+  if (MarkA < 1 || MarkA > n) {
+    f.ui.MsgBox("WARNING", "No marked item!", MsgIcon::Warning);
+    return;
+  }
+  std::string t;
+  for (int i = MarkA; i <= std::min(MarkB, n); ++i) {
+    const KurvenPunkt& p = Liste[static_cast<std::size_t>(i)];
+    t += Zahl(p.x) + "\t" + Zahl(p.y) + "\r\n";
+  }
+  f.ui.SetClipboard(t);
+}
+
+void frmManuInput::mnuNull_Click(mdiPEQ& f) {
+  const int n = XYAnzahl(Liste);
+  if (MarkA < 1 || MarkA > n) {
+    f.ui.MsgBox("WARNING", "No marked item!", MsgIcon::Warning);
+    return;
+  }
+  for (int i = MarkA; i <= std::min(MarkB, n); ++i) {
+    KurvenPunkt& p = Liste[static_cast<std::size_t>(i)];
+    (MarkSpalte == 1 ? p.x : p.y) = 0.0f;
+  }
+  XYUngespeichert = true;
+  ZeileZeigen();
+}
+
 void frmManuInput::cmdDrawManu_Click(mdiPEQ& f) {
   Kurve aktiv;
   if (!XYAktive(Liste, aktiv)) {

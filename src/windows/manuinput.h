@@ -24,6 +24,8 @@ inline constexpr const char* kManuChangeTip = " exchanging x- and y-column";
 inline constexpr const char* kManuManipCaption = "Modify values";
 inline constexpr const char* kManuExecCaption = "Execute";
 inline constexpr const char* kManuPasteCaption = "Paste clipboard";
+inline constexpr const char* kManuEditCaptions[4] = {"copy", "paste", "marked cell(s) => 0",
+                                                    "remove marked line(s)"};
 inline constexpr const char* kManuDrawCaption = "Draw";
 inline constexpr const char* kManuPrintCaption = "Print list";
 inline constexpr const char* kManuEscCaption = "Close <Esc>";
@@ -78,6 +80,12 @@ struct frmManuInput {
   void cmdManip_Click() { fraManipulation = true; }
   void cmdExecManip_Click(mdiPEQ& f);
   void cmdClipEinfuegen_Click(mdiPEQ& f);
+  // The grid's edit menu (mnuEdit2): the marked lines to the clipboard as x, tab, y, CR LF; the
+  // paste; the marked cells of the marked column set to 0; the marked lines removed.
+  void mnuKopieren_Click(mdiPEQ& f);
+  void mnuEinfuegen_Click(mdiPEQ& f) { cmdClipEinfuegen_Click(f); }
+  void mnuNull_Click(mdiPEQ& f);
+  void mnuEntfernen_Click(mdiPEQ& f) { cmdErase_Click(f); }
   // cmdDrawManu: the active lines onto the open diagram, or a new one of free x-y data.
   void cmdDrawManu_Click(mdiPEQ& f);
   void cmdPrint_Click(mdiPEQ& f);

@@ -221,4 +221,31 @@ TEST(XYEditWindow, LoadManipulateAndDrawOnAFreeDiagram) {
   EXPECT_EQ(e.ui.boxes.back().title, "Error");
 }
 
+// The grid's edit menu: the marked lines copied as x, tab, y, CR LF; the marked cells of the
+// marked column set to 0; paste and remove as their buttons; nothing marked says so.
+TEST(XYEditWindow, TheGridsEditMenu) {
+  FrameEnv e;
+  e.Start();
+  e.f.Run(peqtest::C(peq::Cmd::mnuEditXY));
+  peq::frmManuInput& w = e.f.ManuInput;
+  const std::string f = peqtest::WriteBytes(e.dir.path(), "P.XY", "points\r\n1;2\r\n3;4\r\n5;6\r\n");
+  ASSERT_TRUE(w.Laden(e.f, f));
+  w.mnuKopieren_Click(e.f);
+  EXPECT_TRUE(e.Shown("WARNING", "No marked item!"));
+  w.Markieren(2, 3);
+  w.mnuKopieren_Click(e.f);
+  EXPECT_EQ(e.ui.clipboard, "3\t4\r\n5\t6\r\n");
+  w.MarkSpalte = 2;
+  w.mnuNull_Click(e.f);
+  EXPECT_FLOAT_EQ(w.Liste[1].y, 2.0f);
+  EXPECT_FLOAT_EQ(w.Liste[2].y, 0.0f);
+  EXPECT_FLOAT_EQ(w.Liste[3].y, 0.0f);
+  EXPECT_FLOAT_EQ(w.Liste[3].x, 5.0f);
+  EXPECT_TRUE(w.XYUngespeichert);
+  e.ui.answers.push_back(peq::Answer::Yes);
+  w.mnuEntfernen_Click(e.f);
+  EXPECT_EQ(e.s.XYAnz, 1);
+  EXPECT_EQ(e.ui.boxes.back().text, "Lines 2 to 3 really remove?");
+}
+
 }  // namespace
