@@ -14,6 +14,7 @@
 #include <map>
 #include <string>
 
+#include "ui/knopf.h"
 #include "ui/qtconvert.h"
 #include "ui/zahlenfilter.h"
 #include "windows/aedit.h"
@@ -21,13 +22,6 @@
 namespace pequi {
 
 namespace {
-
-QPushButton* Knopf(const QString& caption, const QString& name, QWidget* parent) {
-  auto* b = new QPushButton(caption, parent);
-  b->setObjectName(name);
-  b->setAutoDefault(false);
-  return b;
-}
 
 QLabel* Hinweis(const char* text, QWidget* parent) {
   auto* l = new QLabel(Q(text), parent);

@@ -40,6 +40,7 @@
 #include <QPrinter>
 
 #include "ui/curvedesigndialog.h"
+#include "ui/knopf.h"
 #include "ui/qtconvert.h"
 #include "windows/graph2dfile.h"
 #include "windows/graph2dmarker.h"
@@ -261,13 +262,6 @@ class KoordDialog : public QDialog {
   QLineEdit* box[4]{};
   QLabel* fehler = nullptr;
 };
-
-QPushButton* Knopf(const QString& text, const QString& name, QWidget* parent) {
-  auto* b = new QPushButton(text, parent);
-  b->setObjectName(name);
-  b->setAutoDefault(false);
-  return b;
-}
 
 }  // namespace
 

@@ -24,18 +24,12 @@
 #include <limits>
 #include <stdexcept>
 
+#include "ui/knopf.h"
 #include "ui/qtconvert.h"
 
 namespace pequi {
 
 namespace {
-
-QPushButton* Knopf(const QString& text, const QString& name, QWidget* parent) {
-  auto* b = new QPushButton(text, parent);
-  b->setObjectName(name);
-  b->setAutoDefault(false);
-  return b;
-}
 
 QString Zahl(float v) { return QString::number(static_cast<double>(v), 'g', 7); }
 

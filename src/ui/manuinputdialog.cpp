@@ -17,21 +17,11 @@
 #include <array>
 #include <functional>
 
+#include "ui/knopf.h"
 #include "ui/qtconvert.h"
 #include "ui/zahlenfilter.h"
 
 namespace pequi {
-
-namespace {
-
-QPushButton* Knopf(QWidget* parent, const char* name, const char* caption, const char* tip = nullptr) {
-  auto* b = new QPushButton(Q(caption), parent);
-  b->setObjectName(QString::fromLatin1(name));
-  if (tip) b->setToolTip(Q(tip));
-  return b;
-}
-
-}  // namespace
 
 ManuInputDialog::ManuInputDialog(peq::mdiPEQ& f, QWidget* parent) : StateDialog(f, peq::WindowId::frmXYEdit, parent) {
   setObjectName(QStringLiteral("frmManuInput"));

@@ -14,6 +14,7 @@
 #include <QTableWidget>
 #include <QVBoxLayout>
 
+#include "ui/knopf.h"
 #include "ui/qtconvert.h"
 #include "ui/zahlenfilter.h"
 
@@ -31,13 +32,6 @@ class ZahlenDelegate : public QStyledItemDelegate {
     return w;
   }
 };
-
-QPushButton* Knopf(QWidget* parent, const char* name, const char* caption, const char* tip = nullptr) {
-  auto* b = new QPushButton(Q(caption), parent);
-  b->setObjectName(QString::fromLatin1(name));
-  if (tip) b->setToolTip(Q(tip));
-  return b;
-}
 
 }  // namespace
 
