@@ -12,6 +12,7 @@
 
 #include <gtest/gtest.h>
 
+#include "reliability/disk_full.h"
 #include "windows/distprotokoll.h"
 #include "windows/frame_fixture.h"
 
@@ -19,24 +20,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class Full {
- public:
-  explicit Full(rlim_t limit) {
-    getrlimit(RLIMIT_FSIZE, &old_);
-    oldHandler_ = std::signal(SIGXFSZ, SIG_IGN);
-    rlimit r = old_;
-    r.rlim_cur = limit;
-    setrlimit(RLIMIT_FSIZE, &r);
-  }
-  ~Full() {
-    setrlimit(RLIMIT_FSIZE, &old_);
-    std::signal(SIGXFSZ, oldHandler_);
-  }
-
- private:
-  rlimit old_{};
-  void (*oldHandler_)(int) = SIG_DFL;
-};
+using peqtest::DiskFull;
 
 std::string Bytes(const std::string& file) {
   std::ifstream f(file, std::ios::binary);
@@ -81,7 +65,7 @@ TEST_F(DistRecordWrite, NoTemporaryFileNoRecordKeepsTheRows) {
 
 TEST_F(DistRecordWrite, FullDiskLeavesNoFileAndSaysDiskFull) {
   {
-    Full full(64);
+    DiskFull full(64);
     EXPECT_FALSE(w().QueryUnload(e.f));
   }
   EXPECT_FALSE(fs::exists(file));

@@ -13,6 +13,7 @@
 
 #include <gtest/gtest.h>
 
+#include "reliability/disk_full.h"
 #include "windows/frame_fixture.h"
 
 namespace {
@@ -31,26 +32,7 @@ void Put(const std::string& file, const std::string& bytes) {
   f << bytes;
 }
 
-// A full disk for this process: files may not grow beyond limit bytes (the signal ignored, so
-// the write reports EFBIG). Restored on exit.
-class DiskFull {
- public:
-  explicit DiskFull(rlim_t limit) {
-    getrlimit(RLIMIT_FSIZE, &old_);
-    oldHandler_ = std::signal(SIGXFSZ, SIG_IGN);
-    rlimit r = old_;
-    r.rlim_cur = limit;
-    setrlimit(RLIMIT_FSIZE, &r);
-  }
-  ~DiskFull() {
-    setrlimit(RLIMIT_FSIZE, &old_);
-    std::signal(SIGXFSZ, oldHandler_);
-  }
-
- private:
-  rlimit old_{};
-  void (*oldHandler_)(int) = SIG_DFL;
-};
+using peqtest::DiskFull;
 
 constexpr const char* kOld = "an old file\r\nwith two lines\r\n";
 

@@ -14,6 +14,7 @@
 
 #include "diagrams/surface_file.h"
 #include "models/eos_pure.h"
+#include "reliability/disk_full.h"
 #include "session/loadpath.h"
 #include "support/fuzzy.h"
 #include "windows/frame_fixture.h"
@@ -29,26 +30,7 @@ std::string Bytes(const std::string& file) {
   return ss.str();
 }
 
-// Files may not grow beyond limit bytes for this process; the signal is ignored so that the
-// write reports the failure. Restored at the end of the scope.
-class FileSizeLimit {
- public:
-  explicit FileSizeLimit(rlim_t limit) {
-    getrlimit(RLIMIT_FSIZE, &old_);
-    oldHandler_ = std::signal(SIGXFSZ, SIG_IGN);
-    rlimit r = old_;
-    r.rlim_cur = limit;
-    setrlimit(RLIMIT_FSIZE, &r);
-  }
-  ~FileSizeLimit() {
-    setrlimit(RLIMIT_FSIZE, &old_);
-    std::signal(SIGXFSZ, oldHandler_);
-  }
-
- private:
-  rlimit old_{};
-  void (*oldHandler_)(int) = SIG_DFL;
-};
+using peqtest::DiskFull;
 
 constexpr const char* kOld = "{\"an old\": \"diagram file\"}\n";
 
@@ -83,7 +65,7 @@ TEST_F(OC3Write, ASaveThatCannotCreateItsTemporaryFileKeepsTheOldFile) {
 
 TEST_F(OC3Write, ASaveOnAFullDiskKeepsTheOldFileAndLeavesNoTemporaryFile) {
   {
-    FileSizeLimit full(256);
+    DiskFull full(256);
     EXPECT_FALSE(e.f.Graph3D.SpeichernAls(e.f, file));
   }
   EXPECT_EQ(Bytes(file), kOld);

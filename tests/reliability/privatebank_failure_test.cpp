@@ -12,6 +12,7 @@
 
 #include <gtest/gtest.h>
 
+#include "reliability/disk_full.h"
 #include "windows/frame_fixture.h"
 
 namespace {
@@ -23,25 +24,7 @@ std::string Bytes(const std::string& file) {
   return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
 }
 
-// Files may not grow beyond limit bytes for this process; the write then fails with EFBIG.
-class DiskFull {
- public:
-  explicit DiskFull(rlim_t limit) {
-    getrlimit(RLIMIT_FSIZE, &old_);
-    oldHandler_ = std::signal(SIGXFSZ, SIG_IGN);
-    rlimit r = old_;
-    r.rlim_cur = limit;
-    setrlimit(RLIMIT_FSIZE, &r);
-  }
-  ~DiskFull() {
-    setrlimit(RLIMIT_FSIZE, &old_);
-    std::signal(SIGXFSZ, oldHandler_);
-  }
-
- private:
-  rlimit old_{};
-  void (*oldHandler_)(int) = SIG_DFL;
-};
+using peqtest::DiskFull;
 
 class PrivateBankWrite : public ::testing::Test {
  protected:

@@ -16,6 +16,7 @@
 #include <gtest/gtest.h>
 
 #include "diagrams/diagram2d_file.h"
+#include "reliability/disk_full.h"
 #include "session/project.h"
 #include "substances/kij.h"
 #include "substances/q07.h"
@@ -54,26 +55,7 @@ std::vector<std::string> Others(const std::string& dir, const std::vector<std::s
   return out;
 }
 
-// A full disk for this process: files may not grow beyond limit bytes. The signal that the
-// kernel sends on the attempt is ignored, so the write reports EFBIG instead. Restored on exit.
-class DiskFull {
- public:
-  explicit DiskFull(rlim_t limit) {
-    getrlimit(RLIMIT_FSIZE, &old_);
-    oldHandler_ = std::signal(SIGXFSZ, SIG_IGN);
-    rlimit r = old_;
-    r.rlim_cur = limit;
-    setrlimit(RLIMIT_FSIZE, &r);
-  }
-  ~DiskFull() {
-    setrlimit(RLIMIT_FSIZE, &old_);
-    std::signal(SIGXFSZ, oldHandler_);
-  }
-
- private:
-  rlimit old_{};
-  void (*oldHandler_)(int) = SIG_DFL;
-};
+using peqtest::DiskFull;
 
 // A directory that its owner cannot write to. Root writes anyway, so the tests using it skip
 // there.
